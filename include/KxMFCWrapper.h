@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// \file
+/// Everything, for a precompiled header.
+
+#include "KxAfx.h"
+#include "KxAfxApp.h"
+#include "KxAfxDDX.h"
+#include "KxAfxGDI.h"
+#include "KxAfxGeometry.h"
+#include "KxAfxGlobal.h"
+#include "KxAfxMessageMap.h"
+#include "KxAfxWin.h"
+#include "KxAfxWinDialog.h"
+#include "KxAfxWinPrivate.h"
+#include "KxPlatformBase.h"
+#include "KxPlatformServices.h"
+#include "KxQBaseDialog.h"
+#include "KxQtMessageCenter.h"
+#include "KxQtWinapiWrapper.h"
+#include "KxStdStr.h"
+#include "KxWinTypes.h"

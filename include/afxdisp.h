@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// \file
+/// Brings what afxwin.h brings.
+
+#include "afxwin.h"

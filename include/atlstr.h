@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// \file
+/// CString.
+
+#include "KxStdStr.h"
+#include "windows.h"

@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// \file
+/// The generic-text names.
+
+#include "KxWinTypes.h"

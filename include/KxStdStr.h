@@ -135,7 +135,7 @@ public:
     CStdStr(const char *text) : Base() { ssasn(*this, text); }
     CStdStr(std::nullptr_t) {}
     /// `repeat` times `character`; none when `repeat` is not positive.
-    explicit CStdStr(CT character, int repeat = 1) : Base(repeat > 0 ? std::size_t(repeat) : 0, character) {}
+    CStdStr(CT character, int repeat = 1) : Base(repeat > 0 ? std::size_t(repeat) : 0, character) {}
     /// The first `length` characters of `text`.
     CStdStr(const CT *text, int length) : Base(text ? text : L"", text && length > 0 ? std::size_t(length) : 0) {}
 

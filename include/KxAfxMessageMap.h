@@ -3,6 +3,7 @@
 
 #include <cstring>
 #include <typeinfo>
+#include <utility>
 
 #include "KxAfx.h"
 #include "KxAfxGeometry.h"
@@ -21,7 +22,7 @@
 /// {
 ///     auto *entry = KxFindMessageEntry(CMyDialog::GetThisMessageMap(), WM_COMMAND, BN_CLICKED, id);
 ///     if (auto handler = KxMessageHandler<KxCommandHandler>(entry))
-///         (dialog->*handler)();
+///         handler(dialog);
 /// }
 /// \endcode
 ///
@@ -34,6 +35,14 @@ class CListBox;
 class CMenu;
 class CScrollBar;
 class CWnd;
+
+// Known to handlers by pointer only; nothing here makes one.
+struct HRAWINPUT__;
+using HRAWINPUT = HRAWINPUT__ *;
+struct tagMDINEXTMENU;
+using LPMDINEXTMENU = tagMDINEXTMENU *;
+struct tagMENUGETOBJECTINFO;
+using MENUGETOBJECTINFO = tagMENUGETOBJECTINFO;
 
 // ---- The table ----------------------------------------------------------------------------------------
 
@@ -51,11 +60,12 @@ using KxThreadMessageHandler = void (CCmdTarget::*)(WPARAM, LPARAM);       ///< 
 
 using AFX_PMSG = KxCommandHandler;
 
-/// One line of a message map. Only KxMessageHandler() makes a callable function of \c pfn.
+/// One line of a message map. KxMessageHandler makes something callable of it.
 struct AFX_MSGMAP_ENTRY
 {
     UINT nMessage; ///< WM_COMMAND, WM_NOTIFY, or the window message's number.
-    UINT nCode;    ///< The notification code, CN_COMMAND or CN_UPDATE_COMMAND_UI; 0 for a window message.
+    UINT nCode;    ///< The notification code (16 bits under WM_COMMAND), CN_COMMAND or CN_UPDATE_COMMAND_UI;
+                   ///< 0 for a window message.
     UINT nID;      ///< The first control or command identifier; 0 for a window message.
     UINT nLastID;  ///< The last one; the same as the first unless the line is of a range.
     const std::type_info *signature; ///< The handler's type; null in the line that ends the table.
@@ -72,30 +82,64 @@ struct AFX_MSGMAP
 #define CN_COMMAND 0
 #define CN_UPDATE_COMMAND_UI 0xFFFFFFFFU
 
-#define WM_CTLCOLOR 0x0019
+#ifndef WM_CTLCOLOR
+#  define WM_CTLCOLOR 0x0019
+#endif
+#ifndef WM_INPUT_DEVICE_CHANGE
+#  define WM_INPUT_DEVICE_CHANGE 0x00FE
+#endif
+#ifndef WM_DWMNCRENDERINGCHANGED
+#  define WM_DWMNCRENDERINGCHANGED 0x031F
+#endif
+#ifndef WM_DWMCOLORIZATIONCOLORCHANGED
+#  define WM_DWMCOLORIZATIONCOLORCHANGED 0x0320
+#endif
+#ifndef WM_DWMWINDOWMAXIMIZEDCHANGE
+#  define WM_DWMWINDOWMAXIMIZEDCHANGE 0x0321
+#endif
 
 /// The number under which a control's own map has a message that Windows sends to the parent.
 #define KX_REFLECTED(message) ((message) + 0xBC00U)
 
 /// The line for a message, a code and an identifier, in the class's map or the nearest base's that has one:
-/// the first that fits, in the order they were written. Pass the code and the identifier of a window message
-/// as 0. Null when nothing fits or \p map is null; the line is the map's own and lives as long as the map.
+/// the first that fits, in the order they were written. Pass the code of a WM_COMMAND as HIWORD of its first
+/// argument, and the code and the identifier of a window message as 0. Null when nothing fits or \p map is
+/// null; the line belongs to the map.
 KX_EXPORT const AFX_MSGMAP_ENTRY *KxFindMessageEntry(const AFX_MSGMAP *map, UINT message, UINT code, UINT id);
 
-/// The handler of a line as a pointer to a member function of type \p Handler, such as KxCommandHandler or
-/// `void (CWnd::*)(UINT, int, int)`. Null when \p entry is null, ends a table or has a handler of another
-/// type. Call it on an object of the class whose map the line is from.
+/// The handler of a line, ready to be called; \p Handler is its type, such as KxCommandHandler or
+/// `void (CWnd::*)(UINT, int, int)`.
+///
+/// It is false, and must not be called, when the line is null, ends a table or has a handler of another type.
+/// Call it with an object of the class whose map the line is from, and the handler's arguments. A virtual
+/// handler reaches the override.
 template<typename Handler>
-Handler KxMessageHandler(const AFX_MSGMAP_ENTRY *entry)
+class KxMessageHandler;
+
+template<class Target, typename Result, typename... Arguments>
+class KxMessageHandler<Result (Target::*)(Arguments...)>
 {
-    static_assert(sizeof(Handler) == sizeof(AFX_PMSG), "a handler is a member function");
-    // By name: the types of two source files that never see CMenu whole are two objects.
-    if (!entry || !entry->signature || std::strcmp(entry->signature->name(), typeid(Handler).name()) != 0)
-        return nullptr;
-    Handler handler = nullptr;
-    std::memcpy(&handler, &entry->pfn, sizeof handler);
-    return handler;
-}
+public:
+    explicit KxMessageHandler(const AFX_MSGMAP_ENTRY *entry)
+    {
+        static_assert(sizeof m_handler == sizeof entry->pfn);
+        // By name: the types of two source files that never see CMenu whole are two objects.
+        if (entry && entry->signature && std::strcmp(entry->signature->name(), typeid(m_handler).name()) == 0)
+            std::memcpy(&m_handler, &entry->pfn, sizeof m_handler);
+    }
+
+    explicit operator bool() const { return m_handler != nullptr; }
+
+    // Through a pointer, always: for an object whose class it knows, GCC takes a member of CCmdTarget to be
+    // not virtual, as CCmdTarget has nothing virtual.
+    Result operator()(Target *target, Arguments... arguments) const
+    {
+        return (target->*m_handler)(std::forward<Arguments>(arguments)...);
+    }
+
+private:
+    Result (Target::*m_handler)(Arguments...) = nullptr;
+};
 
 /// Makes a line. The macros name the handler's type before they call it.
 template<typename Handler>
@@ -156,13 +200,13 @@ protected:
     KX_ON(KX_REFLECTED(WM_COMMAND), CN_UPDATE_COMMAND_UI, 0, 0, KxUpdateHandler, memberFxn)
 
 #define ON_CONTROL(wNotifyCode, id, memberFxn) \
-    KX_ON(WM_COMMAND, wNotifyCode, id, id, KxCommandHandler, memberFxn)
+    KX_ON(WM_COMMAND, static_cast<WORD>(wNotifyCode), id, id, KxCommandHandler, memberFxn)
 #define ON_CONTROL_RANGE(wNotifyCode, id, idLast, memberFxn) \
-    KX_ON(WM_COMMAND, wNotifyCode, id, idLast, KxCommandRangeHandler, memberFxn)
+    KX_ON(WM_COMMAND, static_cast<WORD>(wNotifyCode), id, idLast, KxCommandRangeHandler, memberFxn)
 #define ON_CONTROL_REFLECT(wNotifyCode, memberFxn) \
-    KX_ON(KX_REFLECTED(WM_COMMAND), wNotifyCode, 0, 0, KxCommandHandler, memberFxn)
+    KX_ON(KX_REFLECTED(WM_COMMAND), static_cast<WORD>(wNotifyCode), 0, 0, KxCommandHandler, memberFxn)
 #define ON_CONTROL_REFLECT_EX(wNotifyCode, memberFxn) \
-    KX_ON(KX_REFLECTED(WM_COMMAND), wNotifyCode, 0, 0, KxReflectExHandler, memberFxn)
+    KX_ON(KX_REFLECTED(WM_COMMAND), static_cast<WORD>(wNotifyCode), 0, 0, KxReflectExHandler, memberFxn)
 
 #define ON_NOTIFY(wNotifyCode, id, memberFxn) \
     KX_ON(WM_NOTIFY, wNotifyCode, id, id, KxNotifyHandler, memberFxn)

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "KxNativeName_p.h"
+
+#include "KxWinSystem.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+
+namespace {
+
+bool isCharacter(wchar_t c)
+{
+    return c >= 0 && c <= 0x10FFFF && (c < 0xD800 || c > 0xDFFF);
+}
+
+/// Whether QFile looks for the name somewhere else than where it says.
+bool isQtsOwnName(const QString &name)
+{
+    const int colon = name.indexOf(QLatin1Char(':'));
+    return colon == 0 || (colon > 1 && !QDir::searchPaths(name.left(colon)).isEmpty());
+}
+
+} // namespace
+
+// Not QString::fromWCharArray(), which takes a byte order mark in front for one and drops it.
+QString kxNameFromWide(const wchar_t *name)
+{
+    QString text;
+    for (; name && *name != 0; ++name) {
+        if (!isCharacter(*name))
+            return QString();
+        const auto character = static_cast<uint>(*name);
+        if (QChar::requiresSurrogates(character)) {
+            text += QChar(QChar::highSurrogate(character));
+            text += QChar(QChar::lowSurrogate(character));
+        } else {
+            text += QChar(character);
+        }
+    }
+    return text;
+}
+
+KxNativeName::KxNativeName(const wchar_t *wideName)
+{
+    if (!wideName || *wideName == 0) {
+        SetLastError(wideName ? ERROR_PATH_NOT_FOUND : ERROR_INVALID_PARAMETER);
+        return;
+    }
+    const QString name = kxNameFromWide(wideName);
+    const QByteArray bytes = QFile::encodeName(name);
+    // What the encoding cannot say comes back as another text. The separator in front keeps a leading byte
+    // order mark from being taken for one.
+    const QLatin1Char separator('/');
+    const bool saysTheName =
+        !name.isEmpty() && !bytes.contains('\0') && QFile::decodeName(char('/') + bytes) == separator + name;
+    if (!saysTheName || isQtsOwnName(name)) {
+        SetLastError(ERROR_INVALID_NAME);
+        return;
+    }
+    m_bytes = bytes;
+}

@@ -1,0 +1,35 @@
+# SPDX-License-Identifier: MIT
+# Compiles HOST with and without KX_WARN_INERT; COMMAND is the compiler's command line as a list.
+get_filename_component(name "${HOST}" NAME)
+
+execute_process(COMMAND ${COMMAND} "${HOST}" COMMAND_ERROR_IS_FATAL ANY)
+
+execute_process(COMMAND ${COMMAND} -DKX_WARN_INERT "${HOST}"
+    RESULT_VARIABLE result ERROR_VARIABLE output)
+if(result EQUAL 0)
+    message(FATAL_ERROR "${name} compiles although it calls inert members")
+endif()
+
+file(READ "${HOST}" text)
+string(REGEX REPLACE "[][;]" "." text "${text}")
+string(REPLACE "\n" ";" lines "${text}")
+set(number 0)
+set(marked 0)
+foreach(line IN LISTS lines)
+    math(EXPR number "${number} + 1")
+    string(REGEX MATCH "// inert$" inert "${line}")
+    string(REGEX MATCH "${name}:${number}:[0-9]+: error: [^\n]*deprecated" reported "${output}")
+    if(inert AND NOT reported)
+        message(SEND_ERROR "line ${number} is not reported: ${line}")
+    elseif(reported AND NOT inert)
+        message(SEND_ERROR "line ${number} is reported: ${line}")
+    endif()
+    if(inert)
+        math(EXPR marked "${marked} + 1")
+    endif()
+endforeach()
+string(REGEX MATCHALL "error: " errors "${output}")
+list(LENGTH errors errors)
+if(marked EQUAL 0 OR NOT errors EQUAL marked)
+    message(SEND_ERROR "${errors} errors for ${marked} marked lines:\n${output}")
+endif()

@@ -48,6 +48,15 @@ struct AFX_MSGMAP;
 /// Writes "assertion failed in file FILE in line LINE" to standard error and aborts the program.
 [[noreturn]] KX_EXPORT void KxAssertFailed(const char *file, int line) noexcept;
 
+/// The check behind ASSERT_VALID.
+template<typename Object>
+void KxAssertValid(const Object *object, const char *file, int line)
+{
+    if (!object)
+        KxAssertFailed(file, line);
+    object->AssertValid();
+}
+
 /// Writes formatted text to standard error, with printf's conversions: `%s` takes narrow text and `%ls` wide
 /// text, in a narrow and in a wide format alike. A null format writes nothing.
 KX_EXPORT void KxTrace(const char *format, ...) noexcept;
@@ -77,7 +86,8 @@ constexpr DWORD traceAppMsg = 1;
 #  define VERIFY(condition) KX_CHECK(condition)
 #  define DEBUG_ONLY(expression) (expression)
 /// Checks the pointer for null and calls the object's AssertValid, that of the type it is named by.
-#  define ASSERT_VALID(object) (KX_CHECK((object) != nullptr), (object)->AssertValid())
+#  define ASSERT_VALID(object) KxAssertValid(object, __FILE__, __LINE__)
+#  define ENSURE_VALID(object) ASSERT_VALID(object)
 /// Checks the pointer for null only; addresses are not probed.
 #  define ASSERT_POINTER(pointer, type) KX_CHECK((pointer) != nullptr)
 /// Checks nothing, as long as it compiles: null is allowed and addresses are not probed.
@@ -90,6 +100,7 @@ constexpr DWORD traceAppMsg = 1;
 #  define VERIFY(condition) static_cast<void>(condition)
 #  define DEBUG_ONLY(expression) static_cast<void>(0)
 #  define ASSERT_VALID(object) static_cast<void>(0)
+#  define ENSURE_VALID(object) ENSURE((object) != nullptr)
 #  define ASSERT_POINTER(pointer, type) static_cast<void>(0)
 #  define ASSERT_NULL_OR_POINTER(pointer, type) static_cast<void>(0)
 #  define ASSERT_KINDOF(class_name, object) static_cast<void>(0)
@@ -106,10 +117,9 @@ constexpr DWORD traceAppMsg = 1;
 #define ATLTRACE2(...) TRACE(__VA_ARGS__)
 
 /// Stops the program with ASSERT's message unless the condition holds, in every build; MFC throws an
-/// exception there.
+/// exception there. ENSURE_VALID does so for a null pointer and, with `_DEBUG`, is ASSERT_VALID.
 #define ENSURE(condition) KX_CHECK(condition)
 #define ENSURE_ARG(condition) ENSURE(condition)
-#define ENSURE_VALID(object) (ENSURE((object) != nullptr), ASSERT_VALID(object))
 
 // ---- Run-time classes ---------------------------------------------------------------------------------
 

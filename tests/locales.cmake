@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-# A locale with a decimal comma, in a folder of the build: a machine seldom has one ready.
+# A locale with a decimal comma, in a folder of the build: a machine seldom has one ready. Only the tests that
+# need it look there, since glibc loses memory in newlocale() where LOCPATH is set.
 
 set(KX_TEST_LOCALES "${CMAKE_CURRENT_BINARY_DIR}/locales")
 find_program(KX_LOCALEDEF localedef REQUIRED)
@@ -9,3 +10,9 @@ add_custom_command(OUTPUT "${KX_TEST_LOCALES}/de_DE.UTF-8/LC_NUMERIC"
     COMMENT "Making the locale de_DE.UTF-8"
     VERBATIM)
 add_custom_target(test_locales ALL DEPENDS "${KX_TEST_LOCALES}/de_DE.UTF-8/LC_NUMERIC")
+
+foreach(test IN ITEMS data_exchange_text)
+    if(TARGET tst_${test})
+        set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT "LOCPATH=${KX_TEST_LOCALES}")
+    endif()
+endforeach()

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <afxwin.h>
+#include <afxext.h>
+#include <atlbase.h>
+
+#include "resource.h"

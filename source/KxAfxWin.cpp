@@ -97,7 +97,7 @@ CWndPrivate *CWnd::d_func() const
 
 void CWnd::SetHandle(HWND hWnd)
 {
-    CWndPrivate *d = CWnd::d_func();
+    CWndPrivate *d = privateBlock(this);
     if (!d || !hWnd || m_hWnd)
         return;
     m_hWnd = hWnd;
@@ -141,7 +141,7 @@ CWnd *CWnd::FromHandlePermanent(HWND hWnd)
 
 void CWnd::SetAutoDelete(bool keepObject, bool deleteWidget)
 {
-    if (CWndPrivate *d = CWnd::d_func()) {
+    if (CWndPrivate *d = privateBlock(this)) {
         d->keepObject = keepObject;
         d->keepWidget = !deleteWidget;
     }
@@ -176,7 +176,7 @@ BOOL CWnd::SubclassDlgItem(UINT nID, CWnd *pParent)
         return FALSE;
     if (m_hWnd)
         return TRUE;
-    const CWndPrivate *parent = pParent->d_func();
+    const CWndPrivate *parent = privateBlock(pParent);
     const int id = static_cast<int>(nID);
     const auto item = parent ? parent->items.find(id) : decltype(parent->items.end())();
     if (!parent || item == parent->items.end())
@@ -235,6 +235,8 @@ CWnd *CWnd::GetNextCWndFromID(int id) const
 
 CWnd *CWnd::GetDescendantWindow(int nID, BOOL) const
 {
+    if (isSmallHandle(this))
+        return smallHandleResult<CWnd *>(this);
     return GetDlgItem(nID);
 }
 
@@ -282,7 +284,8 @@ CWnd *CWnd::GetDlgItem(int nID) const
 
 void CWnd::GetDlgItem(int nID, HWND *) const
 {
-    GetDlgItem(nID);
+    if (!isSmallHandle(this))
+        GetDlgItem(nID);
 }
 
 int CWnd::GetDlgItemTextW(int nID, CString &rString) const

@@ -37,7 +37,7 @@ CDialog::~CDialog() = default;
 
 CWndPrivate *CDialog::d_func() const
 {
-    return CWnd::d_func();
+    return isSmallHandle(this) ? nullptr : CWnd::d_func();
 }
 
 BOOL CDialog::Create(const wchar_t *, CWnd *pParentWnd)
@@ -86,12 +86,16 @@ void CDialog::OnOK()
 
 void CDialog::OnCancel()
 {
+    if (isSmallHandle(this))
+        return;
     if (auto *dialog = boundWidget<QDialog>(this))
         dialog->reject();
 }
 
 void CDialog::EndDialog(int nResult)
 {
+    if (isSmallHandle(this))
+        return;
     if (auto *dialog = boundWidget<QDialog>(this)) {
         m_nModalResult = nResult;
         dialog->accept();
@@ -128,7 +132,9 @@ void CTnUiDialog::OnSizing(UINT, LPRECT) {}
 
 void CTnUiTabChildDialog::SetDirty(bool dirty)
 {
-    const CWnd *parent = isSmallHandle(this) ? nullptr : GetParent();
+    if (isSmallHandle(this))
+        return;
+    const CWnd *parent = GetParent();
     CWnd *control = parent ? parent->GetDlgItem(pendingChangesItem) : nullptr;
     if (!control || !boundBlock(control))
         return;

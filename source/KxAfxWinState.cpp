@@ -187,7 +187,8 @@ void CWnd::Invalidate(BOOL)
 
 void CWnd::InvalidateRect(const tagRECT *, BOOL bErase)
 {
-    Invalidate(bErase);
+    if (!isSmallHandle(this))
+        Invalidate(bErase);
 }
 
 CDC *CWnd::GetDC()
@@ -204,7 +205,7 @@ HDC CWnd::GetSafeHdc() const
 {
     if (isSmallHandle(this))
         return smallHandleResult<HDC>(this);
-    const CWndPrivate *d = CWnd::d_func();
+    const CWndPrivate *d = privateBlock(this);
     return d && d->dc ? d->dc->m_hDC : nullptr;
 }
 

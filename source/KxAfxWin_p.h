@@ -39,18 +39,24 @@ private:
     QObject *m_object;
 };
 
+/// The private block; null for a small pointer.
+inline CWndPrivate *privateBlock(const CWnd *window)
+{
+    return isSmallHandle(window) ? nullptr : window->d_func();
+}
+
 /// The widget of a bound window when it is a `Widget`; null for a small pointer, an unbound window or a widget of
 /// another kind.
 template<class Widget = QWidget>
 Widget *boundWidget(const CWnd *window)
 {
-    const CWndPrivate *d = window->d_func();
+    const CWndPrivate *d = privateBlock(window);
     return d && window->m_hWnd ? qobject_cast<Widget *>(d->widget) : nullptr;
 }
 
 /// The private block of a bound window, otherwise null.
 inline CWndPrivate *boundBlock(const CWnd *window)
 {
-    CWndPrivate *d = window->d_func();
+    CWndPrivate *d = privateBlock(window);
     return d && window->m_hWnd && d->widget ? d : nullptr;
 }

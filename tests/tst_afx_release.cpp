@@ -57,7 +57,8 @@ void TestAfxRelease::diagnostic_data()
     QTest::newRow("TRACE1 is not evaluated") << Code([] { TRACE1("%d\n", evaluated(1)); }) << 0;
     QTest::newRow("ENSURE of true is evaluated") << Code([] { ENSURE(evaluated(true)); }) << 1;
     QTest::newRow("ENSURE of false stops the program") << Code([] { ENSURE(evaluated(false)); }) << -1;
-    QTest::newRow("ENSURE_ARG of false stops the program") << Code([] { ENSURE_ARG(evaluated(false)); }) << -1;
+    QTest::newRow("ENSURE_ARG of false stops the program")
+        << Code([] { ENSURE_ARG(evaluated(false)); }) << -1;
     QTest::newRow("ENSURE_VALID of null stops the program")
         << Code([] { ENSURE_VALID(evaluated(noObject)); }) << -1;
 }

@@ -16,6 +16,7 @@
 
 #include <clocale>
 #include <cwchar>
+#include <limits>
 #include <string>
 #include <type_traits>
 
@@ -339,6 +340,22 @@ void DataExchangeTextTest::textControls_data()
         form.window.body = [&](CDataExchange *pass) { DDX_Text(pass, id, buffer, 1); };
         form.window.UpdateData(TRUE);
         QCOMPARE(QString::fromWCharArray(buffer, 5), QString::fromWCharArray(L"\0###", 5));
+    });
+    QTest::newRow("the lowest double loads with all its 317 characters") << Promise([] {
+        const QString shown = exchanged<double>(false, QString(), -std::numeric_limits<double>::max());
+        QCOMPARE(shown.size(), 317);
+        QVERIFY(shown.startsWith(QStringLiteral("-17976931348623157")));
+        QVERIFY(shown.endsWith(QStringLiteral(".000000")));
+    });
+    QTest::newRow("a double that is no number loads as nan, infinity as inf") << Promise([] {
+        const double infinity = std::numeric_limits<double>::infinity();
+        KxExchangeForm<QLineEdit> form;
+        double value = infinity - infinity;
+        form.exchange<double>(false, DDX_Text, value);
+        QVERIFY(form.control.text().contains(QStringLiteral("nan")));
+        value = infinity;
+        form.exchange<double>(false, DDX_Text, value);
+        QCOMPARE(form.control.text(), QStringLiteral("inf"));
     });
     QTest::newRow("the control becomes the dialog's item") << Promise([] {
         KxExchangeForm<QLineEdit> form;

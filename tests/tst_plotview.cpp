@@ -13,6 +13,8 @@
 #include "ResourceText.h"
 #include "StrokeFont.h"
 
+#include <QtCore/QElapsedTimer>
+#include <QtGui/QPainter>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QCheckBox>
@@ -225,6 +227,8 @@ private slots:
     void drawingFollows();
     void sheetSize_data();
     void sheetSize();
+    void paintsAnyPlot_data();
+    void paintsAnyPlot();
     void everyPrintableCharacterHasAGlyph();
 };
 
@@ -677,7 +681,7 @@ void PlotViewTest::cancelAfterAFailure()
         changeAll(dialog);
         type(dialog, IDC_SCALE, QStringLiteral("500"));
         QVERIFY(!messageDuring([&dialog] { click(dialog, IDOK); }).isEmpty());
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Escape);
         QVERIFY(!dialog.isVisible());
     });
     QCOMPARE(program.picture(), before);
@@ -792,6 +796,47 @@ void PlotViewTest::sheetSize()
     QFETCH(QSizeF, expected);
     const Plot plot = PlotReader::readBytes(instructions).plot;
     QCOMPARE(PlotSheetPainter(plot, sheet).sheetSize(), expected);
+}
+
+void PlotViewTest::paintsAnyPlot_data()
+{
+    QTest::addColumn<QByteArray>("instructions");
+
+    QTest::newRow("as far as plotters go") << QByteArray("PU-8388608,-8388608;PD8388608,8388608,0,0;");
+    QTest::newRow("no extent") << QByteArray("PU5,5;PD;PU;");
+    QTest::newRow("hardly any extent") << QByteArray("SC0,1e9,0,1e9;PU0,0;PD1,1,2,0;");
+    QTest::newRow("fine dashes") << QByteArray("LT1,.000001;PU0,0;PD9000,9000;LT2,.01;PD0,9000;LT6,0;PD0,0;");
+    QTest::newRow("fine hatching") << QByteArray("FT3,.000001,45;PU0,0;RA9000,9000;FT4,1e-300;RA8000,8000;");
+    QTest::newRow("many hatched areas")
+        << QByteArray("PU0,0;") + QByteArray("FT4,20,45;RA9000,9000;").repeated(300);
+    QTest::newRow("too many hatched areas")
+        << QByteArray("PU0,0;") + QByteArray("FT4,20,45;RA9000,9000;").repeated(2000);
+    QTest::newRow("huge letters") << QByteArray("PU0,0;PD9,9;SI20000,20000;LBhuge\x03");
+    QTest::newRow("tiny letters") << QByteArray(
+        "PU0,0;PD9000,9000;SI1e-9,1e-9;LBtiny\x03SI1e-300,1;LBthin\x03");
+    QTest::newRow("letters on their head")
+        << QByteArray("PU0,0;SI-.2,-.3;LBturned\x03SI.2,-.3;LBmirrored\x03");
+    QTest::newRow("wide pens") << QByteArray("PW50;PU0,0;PD90,90;PW0;PD0,90;");
+    QTest::newRow("dense text") << QByteArray("SI.01,.01;PU0,0;")
+                                       + QByteArray("LBqwertyuiop\r\n\x03").repeated(20000);
+}
+
+void PlotViewTest::paintsAnyPlot()
+{
+    QFETCH(QByteArray, instructions);
+    const Plot plot = PlotReader::readBytes(instructions).plot;
+    QVERIFY(!plot.isBlank());
+    PlotSheet sheet;
+    QElapsedTimer timer;
+    timer.start();
+    for (const double scale : {1.0, 0.001, PlotSheet::LargestScale}) {
+        sheet.scale = scale;
+        QImage image(300, 300, QImage::Format_RGB32);
+        QPainter painter(&image);
+        PlotSheetPainter(plot, sheet).paint(painter, QRectF(image.rect()));
+    }
+    constexpr int Patience = 20000; // milliseconds, for the slowest of instrumented builds
+    QVERIFY2(timer.elapsed() < Patience, qPrintable(QString::number(timer.elapsed())));
 }
 
 void PlotViewTest::everyPrintableCharacterHasAGlyph()

@@ -314,10 +314,10 @@ void WindowItemsTest::itemText_data()
         QCOMPARE(bound.window.GetDlgItemTextW(unknownId, text), 6);
         QCOMPARE(QString::fromStdWString(text), QStringLiteral("before"));
     });
-    QTest::newRow("GetDlgItemText of an unbound window leaves the text") << Promise([] {
+    QTest::newRow("GetDlgItemText of an unbound window leaves the text and is 0") << Promise([] {
         CWnd window(nullptr);
         CStdStr<wchar_t> text(L"before");
-        window.GetDlgItemTextW(7, text);
+        QCOMPARE(window.GetDlgItemTextW(7, text), 0);
         QCOMPARE(QString::fromStdWString(text), QStringLiteral("before"));
     });
     QTest::newRow("GetDlgItemText runs the item's override") << Promise([] {

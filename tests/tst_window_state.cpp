@@ -637,13 +637,12 @@ void WindowStateTest::fixedResult()
     QFETCH(Call, call);
     QFETCH(qint64, expected);
 
-    CWnd unbound(nullptr);
-    QCOMPARE(call(unbound), expected);
-    QVERIFY(unbound.GetSafeHwnd() == nullptr);
-
     Stage stage;
     stage.show();
     const QVariantList before = stage.state();
+    CWnd unbound(nullptr);
+    QCOMPARE(call(unbound), expected);
+    QVERIFY(unbound.GetSafeHwnd() == nullptr);
     QCOMPARE(call(stage.window), expected);
     QCoreApplication::processEvents();
     QCOMPARE(stage.state(), before);
@@ -720,7 +719,13 @@ void WindowStateTest::noEffect_data()
     QTest::newRow("BringWindowToTop") << Call([](CWnd &w) { w.BringWindowToTop(); return qint64(1); });
     QTest::newRow("CenterWindow") << Call([](CWnd &w) { w.CenterWindow(); return qint64(1); });
     QTest::newRow("BeginWaitCursor") << Call([](CWnd &w) { w.BeginWaitCursor(); return qint64(1); });
-    QTest::newRow("EndWaitCursor") << Call([](CWnd &w) { w.EndWaitCursor(); return qint64(1); });
+    QTest::newRow("EndWaitCursor") << Call([](CWnd &w) {
+        QApplication::setOverrideCursor(Qt::CrossCursor);
+        w.EndWaitCursor();
+        const bool kept = QApplication::overrideCursor() != nullptr;
+        QApplication::restoreOverrideCursor();
+        return number(kept);
+    });
     QTest::newRow("LockWindowUpdate") << Call([](CWnd &w) { w.LockWindowUpdate(); return qint64(1); });
     QTest::newRow("UnlockWindowUpdate") << Call([](CWnd &w) { w.UnlockWindowUpdate(); return qint64(1); });
 }
@@ -729,12 +734,11 @@ void WindowStateTest::noEffect()
 {
     QFETCH(Call, call);
 
-    CWnd unbound(nullptr);
-    QCOMPARE(call(unbound), qint64(1));
-
     Stage stage;
     stage.show();
     const QVariantList before = stage.state();
+    CWnd unbound(nullptr);
+    QCOMPARE(call(unbound), qint64(1));
     QCOMPARE(call(stage.window), qint64(1));
     QCoreApplication::processEvents();
     QCOMPARE(stage.state(), before);

@@ -5,12 +5,14 @@
 #include <QtCore/QTextCodec>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -36,6 +38,30 @@ bool write(const QString &name, const QByteArray &contents)
     QFile file(name);
     return file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size();
 }
+
+/// A directory of its own, which is the current one while it lives.
+class Sandbox
+{
+public:
+    Sandbox()
+    {
+        QDir::setCurrent(m_directory.path());
+        SetLastError(0);
+    }
+    ~Sandbox() { QDir::setCurrent(m_before); }
+
+    QString path() const { return QFileInfo(m_directory.path()).canonicalFilePath(); }
+    QString path(const QString &name) const { return path() + QLatin1Char('/') + name; }
+    std::wstring widePath(const QString &name) const { return wide(path(name)); }
+    QStringList entries() const
+    {
+        return QDir(path()).entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+
+private:
+    const QString m_before = QDir::currentPath();
+    const QTemporaryDir m_directory;
+};
 
 /// Locale text is Latin-1 while it lives.
 class Latin1Scope
@@ -94,9 +120,6 @@ class tst_PlatformFiles : public KxTestCase
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-
     void namesAreQFiles_data();
     void namesAreQFiles();
     void namesAreQFilesInAnotherLocale_data();
@@ -160,35 +183,9 @@ private slots:
     void copyOntoItself();
     void copyFails_data();
     void copyFails();
-
-private:
-    QString path(const QString &name) const { return m_directory->path() + QLatin1Char('/') + name; }
-    std::wstring widePath(const QString &name) const { return wide(path(name)); }
-    QStringList entries() const
-    {
-        return QDir(m_directory->path())
-            .entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
-    }
-
-    std::unique_ptr<QTemporaryDir> m_directory;
-    QString m_currentPath;
+    void copyThatDoesNotComeToAnEnd_data();
+    void copyThatDoesNotComeToAnEnd();
 };
-
-/// Every row has a directory of its own, which is the current one.
-void tst_PlatformFiles::init()
-{
-    m_currentPath = QDir::currentPath();
-    m_directory = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_directory->isValid());
-    QVERIFY(QDir::setCurrent(m_directory->path()));
-    SetLastError(0);
-}
-
-void tst_PlatformFiles::cleanup()
-{
-    QDir::setCurrent(m_currentPath);
-    m_directory.reset();
-}
 
 // ---- names ----------------------------------------------------------------------------------------------
 
@@ -215,6 +212,7 @@ void tst_PlatformFiles::namesAreQFiles_data()
 
 void tst_PlatformFiles::namesAreQFiles()
 {
+    const Sandbox sandbox;
     QFETCH(QString, name);
     const std::wstring wideName = wide(name);
     const QByteArray bytes = QFile::encodeName(name);
@@ -225,7 +223,7 @@ void tst_PlatformFiles::namesAreQFiles()
         QVERIFY(write(name, "QFile's")); // under whatever name it takes instead
         for (const Call &call : calls())
             QVERIFY2(call.failsFor(wideName.c_str()), call.title);
-        QCOMPARE(entries().size(), 1);
+        QCOMPARE(sandbox.entries().size(), 1);
         QCOMPARE(contentsOf(name), QByteArray("QFile's"));
         return;
     }
@@ -245,17 +243,17 @@ void tst_PlatformFiles::namesAreQFiles()
     QCOMPARE(_wrename((wideName + L"2").c_str(), wideName.c_str()), 0);
     QVERIFY(DeleteFileW((wideName + L"1").c_str()));
     QVERIFY(DeleteFileW(wideName.c_str()));
-    QCOMPARE(entries(), QStringList());
+    QCOMPARE(sandbox.entries(), QStringList());
     QVERIFY(CreateDirectoryW(wideName.c_str(), nullptr));
     QVERIFY(QFileInfo(name).isDir());
     QVERIFY(SetCurrentDirectoryW(wideName.c_str()));
-    QCOMPARE(QDir::currentPath(), QFileInfo(path(name)).canonicalFilePath());
+    QCOMPARE(QDir::currentPath(), QFileInfo(sandbox.path(name)).canonicalFilePath());
     wchar_t directory[1024];
     QVERIFY(GetCurrentDirectoryW(1024, directory) > 0);
     QCOMPARE(QString::fromWCharArray(directory), QDir::currentPath());
     QVERIFY(SetCurrentDirectoryW(L".."));
     QVERIFY(RemoveDirectoryW(wideName.c_str()));
-    QCOMPARE(entries(), QStringList());
+    QCOMPARE(sandbox.entries(), QStringList());
 }
 
 void tst_PlatformFiles::namesAreQFilesInAnotherLocale_data()
@@ -299,6 +297,7 @@ void tst_PlatformFiles::namesAreQFilesInAnotherLocale()
 
 void tst_PlatformFiles::aNameThatLatin1SaysBecomesItsByte()
 {
+    const Sandbox sandbox;
     const Latin1Scope latin1;
     HANDLE file = CreateFileW(L"\u00E4", GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
     QVERIFY(CloseHandle(file));
@@ -344,13 +343,14 @@ void tst_PlatformFiles::namesThatAreNone_data()
 
 void tst_PlatformFiles::namesThatAreNone()
 {
+    const Sandbox sandbox;
     QFETCH(int, call);
     QFETCH(bool, isNull);
     QFETCH(std::wstring, name);
     QFETCH(unsigned int, error);
 
     // What such a name must not be mistaken for.
-    QDir::setSearchPaths(QStringLiteral("kxplaces"), {path(QStringLiteral("places"))});
+    QDir::setSearchPaths(QStringLiteral("kxplaces"), {sandbox.path(QStringLiteral("places"))});
     const auto forget = qScopeGuard([] { QDir::setSearchPaths(QStringLiteral("kxplaces"), {}); });
     QVERIFY(QDir().mkdir(QStringLiteral("places")) && ::mkdir(":", 0777) == 0);
     QVERIFY(write(QStringLiteral("other"), "other") && write(QStringLiteral("places/file"), "file"));
@@ -359,16 +359,16 @@ void tst_PlatformFiles::namesThatAreNone()
         const int file = ::open(bytes, O_CREAT | O_WRONLY, 0666);
         QVERIFY(file >= 0 && ::write(file, "kept", 4) == 4 && ::close(file) == 0);
     }
-    const QStringList before = entries();
+    const QStringList before = sandbox.entries();
 
     QVERIFY(calls()[std::size_t(call)].failsFor(isNull ? nullptr : name.c_str()));
     QCOMPARE(GetLastError(), error);
-    QCOMPARE(entries(), before);
-    QCOMPARE(QDir::currentPath(), QFileInfo(m_directory->path()).canonicalFilePath());
+    QCOMPARE(sandbox.entries(), before);
+    QCOMPARE(QDir::currentPath(), sandbox.path());
     QCOMPARE(contentsOf(QStringLiteral("a?z")), QByteArray("kept"));
     QCOMPARE(contentsOf(QStringLiteral(u"a\U0001F600z")), QByteArray("kept"));
-    QCOMPARE(contentsOf(path(QStringLiteral(":/file"))), QByteArray("kept"));
-    QCOMPARE(contentsOf(path(QStringLiteral("kxplaces:file"))), QByteArray("kept"));
+    QCOMPARE(contentsOf(sandbox.path(QStringLiteral(":/file"))), QByteArray("kept"));
+    QCOMPARE(contentsOf(sandbox.path(QStringLiteral("kxplaces:file"))), QByteArray("kept"));
     QCOMPARE(contentsOf(QStringLiteral("places/file")), QByteArray("file"));
     QCOMPARE(contentsOf(QStringLiteral("other")), QByteArray("other"));
 }
@@ -388,6 +388,7 @@ void tst_PlatformFiles::namesThatTheLocaleCannotSay_data()
 
 void tst_PlatformFiles::namesThatTheLocaleCannotSay()
 {
+    const Sandbox sandbox;
     QFETCH(int, call);
     QFETCH(QString, decoy);
 
@@ -398,12 +399,12 @@ void tst_PlatformFiles::namesThatTheLocaleCannotSay()
     else if (decoy == QLatin1String("directory"))
         QVERIFY(QDir().mkdir(QStringLiteral("10?")));
     QCOMPARE(QFile::encodeName(QStringLiteral(u"10€")), QByteArray("10?"));
-    const QStringList before = entries();
+    const QStringList before = sandbox.entries();
 
     QVERIFY(calls()[std::size_t(call)].failsFor(L"10\u20AC"));
     QCOMPARE(GetLastError(), DWORD(ERROR_INVALID_NAME));
-    QCOMPARE(entries(), before);
-    QCOMPARE(QDir::currentPath(), QFileInfo(m_directory->path()).canonicalFilePath());
+    QCOMPARE(sandbox.entries(), before);
+    QCOMPARE(QDir::currentPath(), sandbox.path());
     QCOMPARE(contentsOf(QStringLiteral("other")), QByteArray("other"));
     if (decoy == QLatin1String("file"))
         QCOMPARE(contentsOf(QStringLiteral("10?")), QByteArray("kept"));
@@ -413,11 +414,13 @@ void tst_PlatformFiles::namesThatTheLocaleCannotSay()
 
 void tst_PlatformFiles::currentDirectory()
 {
+    const Sandbox sandbox;
     QVERIFY(QDir().mkdir(QStringLiteral("inner")));
     QVERIFY(SetCurrentDirectoryW(L"inner"));
     wchar_t buffer[1024];
     const DWORD length = GetCurrentDirectoryW(1024, buffer);
-    QCOMPARE(QString::fromWCharArray(buffer), QFileInfo(path(QStringLiteral("inner"))).canonicalFilePath());
+    QCOMPARE(QString::fromWCharArray(buffer),
+             QFileInfo(sandbox.path(QStringLiteral("inner"))).canonicalFilePath());
     QCOMPARE(std::size_t(length), std::wcslen(buffer));
     QVERIFY(SetCurrentDirectoryW(L"/"));
     QCOMPARE(GetCurrentDirectoryW(1024, buffer), 1u);
@@ -437,6 +440,7 @@ void tst_PlatformFiles::currentDirectoryInABuffer_data()
 
 void tst_PlatformFiles::currentDirectoryInABuffer()
 {
+    const Sandbox sandbox;
     QFETCH(int, room);
     QFETCH(bool, isWritten);
 
@@ -459,6 +463,7 @@ void tst_PlatformFiles::currentDirectoryInABuffer()
 
 void tst_PlatformFiles::currentDirectoryThatTheLocaleCannotSay()
 {
+    const Sandbox sandbox;
     if (QTextCodec::codecForLocale()->name() != "UTF-8")
         QSKIP("needs a locale with UTF-8");
     QVERIFY(::mkdir("a\xFF", 0777) == 0 && ::chdir("a\xFF") == 0);
@@ -474,9 +479,10 @@ void tst_PlatformFiles::currentDirectoryThatTheLocaleCannotSay()
 
 void tst_PlatformFiles::currentDirectoryThatIsGone()
 {
+    const Sandbox sandbox;
     QVERIFY(QDir().mkdir(QStringLiteral("inner")));
     QVERIFY(SetCurrentDirectoryW(L"inner"));
-    QVERIFY(RemoveDirectoryW(widePath(QStringLiteral("inner")).c_str()));
+    QVERIFY(RemoveDirectoryW(sandbox.widePath(QStringLiteral("inner")).c_str()));
     wchar_t buffer[1024];
     QCOMPARE(GetCurrentDirectoryW(1024, buffer), 0u);
     QCOMPARE(GetLastError(), DWORD(ERROR_FILE_NOT_FOUND));
@@ -493,19 +499,21 @@ void tst_PlatformFiles::setCurrentDirectoryFails_data()
 
 void tst_PlatformFiles::setCurrentDirectoryFails()
 {
+    const Sandbox sandbox;
     QFETCH(QString, name);
     QVERIFY(write(asciiName, "text"));
     QVERIFY(!SetCurrentDirectoryW(wide(name).c_str()));
     QTEST(GetLastError(), "error");
-    QCOMPARE(QDir::currentPath(), QFileInfo(m_directory->path()).canonicalFilePath());
+    QCOMPARE(QDir::currentPath(), sandbox.path());
 }
 
 void tst_PlatformFiles::createDirectory()
 {
-    QVERIFY(CreateDirectoryW(widePath(QStringLiteral("new")).c_str(), nullptr));
-    QVERIFY(QFileInfo(path(QStringLiteral("new"))).isDir());
-    QVERIFY(CreateDirectoryW(widePath(QStringLiteral("new/inner/")).c_str(), nullptr));
-    QVERIFY(QFileInfo(path(QStringLiteral("new/inner"))).isDir());
+    const Sandbox sandbox;
+    QVERIFY(CreateDirectoryW(sandbox.widePath(QStringLiteral("new")).c_str(), nullptr));
+    QVERIFY(QFileInfo(sandbox.path(QStringLiteral("new"))).isDir());
+    QVERIFY(CreateDirectoryW(sandbox.widePath(QStringLiteral("new/inner/")).c_str(), nullptr));
+    QVERIFY(QFileInfo(sandbox.path(QStringLiteral("new/inner"))).isDir());
 }
 
 void tst_PlatformFiles::createDirectoryFails_data()
@@ -523,18 +531,20 @@ void tst_PlatformFiles::createDirectoryFails_data()
 
 void tst_PlatformFiles::createDirectoryFails()
 {
+    const Sandbox sandbox;
     QFETCH(QString, name);
     QVERIFY(write(asciiName, "text"));
     QVERIFY(!CreateDirectoryW(wide(name).c_str(), nullptr));
     QTEST(GetLastError(), "error");
-    QCOMPARE(entries(), QStringList(asciiName));
+    QCOMPARE(sandbox.entries(), QStringList(asciiName));
 }
 
 void tst_PlatformFiles::removeDirectory()
 {
+    const Sandbox sandbox;
     QVERIFY(QDir().mkdir(QStringLiteral("empty")));
     QVERIFY(RemoveDirectoryW(L"empty"));
-    QCOMPARE(entries(), QStringList());
+    QCOMPARE(sandbox.entries(), QStringList());
 }
 
 void tst_PlatformFiles::removeDirectoryFails_data()
@@ -549,12 +559,13 @@ void tst_PlatformFiles::removeDirectoryFails_data()
 
 void tst_PlatformFiles::removeDirectoryFails()
 {
+    const Sandbox sandbox;
     QFETCH(QString, name);
     QVERIFY(write(asciiName, "text") && QDir().mkpath(QStringLiteral("full/inner")));
-    const QStringList before = entries();
+    const QStringList before = sandbox.entries();
     QVERIFY(!RemoveDirectoryW(wide(name).c_str()));
     QTEST(GetLastError(), "error");
-    QCOMPARE(entries(), before);
+    QCOMPARE(sandbox.entries(), before);
     QVERIFY(QFileInfo(QStringLiteral("full/inner")).isDir());
 }
 
@@ -576,6 +587,7 @@ void tst_PlatformFiles::attributes_data()
 
 void tst_PlatformFiles::attributes()
 {
+    const Sandbox sandbox;
     QFETCH(QString, name);
     QFETCH(unsigned int, mode);
     QVERIFY(write(asciiName, "text") && ::chmod("file.txt", 0640) == 0);
@@ -600,6 +612,7 @@ void tst_PlatformFiles::attributesOfWhatIsNotThere_data()
 
 void tst_PlatformFiles::attributesOfWhatIsNotThere()
 {
+    const Sandbox sandbox;
     QFETCH(QString, name);
     QVERIFY(write(asciiName, "text") && ::symlink("missing", "dangling") == 0);
     QCOMPARE(GetFileAttributesW(wide(name).c_str()), 0xFFFFFFFFu);
@@ -633,6 +646,7 @@ void tst_PlatformFiles::dispositions_data()
 
 void tst_PlatformFiles::dispositions()
 {
+    const Sandbox sandbox;
     QFETCH(unsigned int, disposition);
     QFETCH(bool, exists);
     QFETCH(bool, opens);
@@ -671,6 +685,7 @@ void tst_PlatformFiles::access_data()
 
 void tst_PlatformFiles::access()
 {
+    const Sandbox sandbox;
     QFETCH(unsigned int, access);
     QFETCH(bool, reads);
     QFETCH(bool, writes);
@@ -679,6 +694,8 @@ void tst_PlatformFiles::access()
     HANDLE handle = CreateFileW(L"file.txt", access, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     QVERIFY(handle != INVALID_HANDLE_VALUE);
     auto *file = static_cast<FILE *>(handle);
+    const int mode = reads && writes ? O_RDWR : writes ? O_WRONLY : O_RDONLY;
+    QCOMPARE(::fcntl(::fileno(file), F_GETFL) & O_ACCMODE, mode);
     QCOMPARE(std::fgetc(file), reads ? int('1') : EOF);
     std::clearerr(file);
     QCOMPARE(std::fseek(file, 0, SEEK_SET), 0);
@@ -694,6 +711,7 @@ void tst_PlatformFiles::positionAfterOpening_data()
 
 void tst_PlatformFiles::positionAfterOpening()
 {
+    const Sandbox sandbox;
     QFETCH(unsigned int, access);
     QVERIFY(write(asciiName, "12345"));
     for (const DWORD disposition : {OPEN_EXISTING, OPEN_ALWAYS}) {
@@ -706,6 +724,7 @@ void tst_PlatformFiles::positionAfterOpening()
 
 void tst_PlatformFiles::appendingWritesAtTheEnd()
 {
+    const Sandbox sandbox;
     QVERIFY(write(asciiName, "12345"));
     HANDLE file = CreateFileW(L"file.txt", FILE_APPEND_DATA, 0, nullptr, OPEN_ALWAYS, 0, nullptr);
     QVERIFY(file != INVALID_HANDLE_VALUE);
@@ -717,6 +736,7 @@ void tst_PlatformFiles::appendingWritesAtTheEnd()
 
 void tst_PlatformFiles::createAlwaysForReadingEmptiesTheFile()
 {
+    const Sandbox sandbox;
     QVERIFY(write(asciiName, "12345"));
     HANDLE file = CreateFileW(L"file.txt", GENERIC_READ, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
     QVERIFY(file != INVALID_HANDLE_VALUE);
@@ -749,6 +769,7 @@ void tst_PlatformFiles::openFails_data()
 
 void tst_PlatformFiles::openFails()
 {
+    const Sandbox sandbox;
     QFETCH(QString, name);
     QFETCH(unsigned int, access);
     QFETCH(unsigned int, disposition);
@@ -756,12 +777,13 @@ void tst_PlatformFiles::openFails()
     HANDLE file = CreateFileW(wide(name).c_str(), access, 0, nullptr, disposition, 0, nullptr);
     QVERIFY(file == KxHandleFromValue<HANDLE>(-1));
     QTEST(GetLastError(), "error");
-    QCOMPARE(entries(), QStringList({asciiName, QStringLiteral("inner")}));
+    QCOMPARE(sandbox.entries(), QStringList({asciiName, QStringLiteral("inner")}));
     QCOMPARE(contentsOf(asciiName), QByteArray("12345"));
 }
 
 void tst_PlatformFiles::filesAreNotInherited()
 {
+    const Sandbox sandbox;
     SECURITY_ATTRIBUTES inherited{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
     HANDLE file = CreateFileW(L"file.txt", GENERIC_WRITE, 0, &inherited, CREATE_NEW, 0, nullptr);
     QVERIFY(file != INVALID_HANDLE_VALUE);
@@ -771,6 +793,7 @@ void tst_PlatformFiles::filesAreNotInherited()
 
 void tst_PlatformFiles::qfileTakesTheHandle()
 {
+    const Sandbox sandbox;
     QVERIFY(write(asciiName, "12345"));
     constexpr DWORD readWrite = GENERIC_READ | GENERIC_WRITE;
     HANDLE handle = CreateFileW(L"file.txt", readWrite, 0, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -788,6 +811,7 @@ void tst_PlatformFiles::qfileTakesTheHandle()
 
 void tst_PlatformFiles::closeHandleWritesOut()
 {
+    const Sandbox sandbox;
     HANDLE file = CreateFileW(L"file.txt", GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
     const int descriptor = ::fileno(static_cast<FILE *>(file));
     QVERIFY(std::fputs("text", static_cast<FILE *>(file)) >= 0);
@@ -798,6 +822,7 @@ void tst_PlatformFiles::closeHandleWritesOut()
 
 void tst_PlatformFiles::closeHandleSaysWhenItCouldNotWrite()
 {
+    const Sandbox sandbox;
     HANDLE file = CreateFileW(L"/dev/full", GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     QVERIFY(file != INVALID_HANDLE_VALUE);
     QVERIFY(std::fputs("text", static_cast<FILE *>(file)) >= 0);
@@ -819,6 +844,7 @@ void tst_PlatformFiles::closeHandleOfWhatIsNoFile_data()
 
 void tst_PlatformFiles::closeHandleOfWhatIsNoFile()
 {
+    const Sandbox sandbox;
     QFETCH(void *, handle);
     QVERIFY(!CloseHandle(handle));
     QCOMPARE(GetLastError(), DWORD(ERROR_INVALID_HANDLE));
@@ -832,16 +858,18 @@ void tst_PlatformFiles::closeHandleOfWhatIsNoFile()
 
 void tst_PlatformFiles::deleteFile()
 {
+    const Sandbox sandbox;
     QVERIFY(write(asciiName, "text"));
     QVERIFY(DeleteFileW(L"file.txt"));
-    QCOMPARE(entries(), QStringList());
+    QCOMPARE(sandbox.entries(), QStringList());
 }
 
 void tst_PlatformFiles::deleteFileTakesTheLinkNotItsTarget()
 {
+    const Sandbox sandbox;
     QVERIFY(write(asciiName, "text") && ::symlink("file.txt", "link") == 0);
     QVERIFY(DeleteFileW(L"link"));
-    QCOMPARE(entries(), QStringList(asciiName));
+    QCOMPARE(sandbox.entries(), QStringList(asciiName));
 }
 
 void tst_PlatformFiles::deleteFileFails_data()
@@ -856,11 +884,12 @@ void tst_PlatformFiles::deleteFileFails_data()
 
 void tst_PlatformFiles::deleteFileFails()
 {
+    const Sandbox sandbox;
     QFETCH(QString, name);
     QVERIFY(QDir().mkdir(QStringLiteral("inner")) && write(asciiName, "text"));
     QVERIFY(!DeleteFileW(wide(name).c_str()));
     QTEST(GetLastError(), "error");
-    QCOMPARE(entries(), QStringList({asciiName, QStringLiteral("inner")}));
+    QCOMPARE(sandbox.entries(), QStringList({asciiName, QStringLiteral("inner")}));
 }
 
 void tst_PlatformFiles::moves_data()
@@ -873,6 +902,7 @@ void tst_PlatformFiles::moves_data()
 
 void tst_PlatformFiles::moves()
 {
+    const Sandbox sandbox;
     QFETCH(bool, isRename);
     QVERIFY(write(asciiName, "text") && QDir().mkdir(QStringLiteral("inner")));
     const wchar_t *to = L"inner/new.txt";
@@ -892,16 +922,17 @@ void tst_PlatformFiles::moveNeverReplaces_data()
 
 void tst_PlatformFiles::moveNeverReplaces()
 {
+    const Sandbox sandbox;
     QFETCH(QString, target);
     QVERIFY(write(asciiName, "text") && write(QStringLiteral("other.txt"), "other"));
     QVERIFY(QDir().mkdir(QStringLiteral("inner")) && ::symlink("missing", "dangling") == 0);
-    const QStringList before = entries();
+    const QStringList before = sandbox.entries();
 
     QVERIFY(!MoveFileW(L"file.txt", wide(target).c_str()));
     QCOMPARE(GetLastError(), DWORD(ERROR_ALREADY_EXISTS));
     QCOMPARE(_wrename(L"file.txt", wide(target).c_str()), -1);
     QCOMPARE(errno, EACCES);
-    QCOMPARE(entries(), before);
+    QCOMPARE(sandbox.entries(), before);
     QCOMPARE(contentsOf(asciiName), QByteArray("text"));
     QCOMPARE(contentsOf(QStringLiteral("other.txt")), QByteArray("other"));
     QVERIFY(QFileInfo(QStringLiteral("dangling")).isSymLink());
@@ -909,30 +940,33 @@ void tst_PlatformFiles::moveNeverReplaces()
 
 void tst_PlatformFiles::moveOfNothing()
 {
+    const Sandbox sandbox;
     QVERIFY(!MoveFileW(L"missing", L"new"));
     QCOMPARE(GetLastError(), DWORD(ERROR_FILE_NOT_FOUND));
     QCOMPARE(_wrename(L"missing", L"new"), -1);
     QCOMPARE(errno, ENOENT);
-    QCOMPARE(entries(), QStringList());
+    QCOMPARE(sandbox.entries(), QStringList());
 }
 
 void tst_PlatformFiles::moveOfADirectory()
 {
+    const Sandbox sandbox;
     QVERIFY(QDir().mkpath(QStringLiteral("a/b")) && write(QStringLiteral("a/b/file.txt"), "text"));
     QVERIFY(MoveFileW(L"a", L"c"));
     QCOMPARE(contentsOf(QStringLiteral("c/b/file.txt")), QByteArray("text"));
     QVERIFY2(!MoveFileW(L"c", L"c/d"), "a directory into itself");
-    QCOMPARE(entries(), QStringList(QStringLiteral("c")));
+    QCOMPARE(sandbox.entries(), QStringList(QStringLiteral("c")));
 }
 
 void tst_PlatformFiles::moveToAnotherFileSystem()
 {
+    const Sandbox sandbox;
     QTemporaryDir elsewhere(QStringLiteral("/dev/shm/kx-XXXXXX"));
     const auto deviceOf = [](const QString &name) {
         struct stat status = {};
         return ::stat(QFile::encodeName(name).constData(), &status) == 0 ? status.st_dev : 0;
     };
-    if (!elsewhere.isValid() || deviceOf(elsewhere.path()) == deviceOf(m_directory->path()))
+    if (!elsewhere.isValid() || deviceOf(elsewhere.path()) == deviceOf(sandbox.path()))
         QSKIP("needs two file systems");
 
     const QString target = elsewhere.filePath(asciiName);
@@ -949,11 +983,12 @@ void tst_PlatformFiles::moveToAnotherFileSystem()
     QCOMPARE(contentsOf(target), QByteArray("text"));
     QVERIFY(!MoveFileW(L"inner", wide(elsewhere.filePath(QStringLiteral("inner"))).c_str()));
     QCOMPARE(GetLastError(), DWORD(ERROR_NOT_SAME_DEVICE));
-    QCOMPARE(entries(), QStringList({asciiName, QStringLiteral("inner")}));
+    QCOMPARE(sandbox.entries(), QStringList({asciiName, QStringLiteral("inner")}));
 }
 
 void tst_PlatformFiles::copy()
 {
+    const Sandbox sandbox;
     QByteArray contents;
     for (int i = 0; i < 200000; ++i)
         contents.append(char(i * 7 + i / 251));
@@ -975,6 +1010,7 @@ void tst_PlatformFiles::copy()
 
 void tst_PlatformFiles::copyReplacesUnlessToldNotTo()
 {
+    const Sandbox sandbox;
     QVERIFY(write(asciiName, "text") && write(QStringLiteral("copy"), "something longer"));
     QVERIFY(!CopyFileW(L"file.txt", L"copy", true));
     QCOMPARE(GetLastError(), DWORD(ERROR_FILE_EXISTS));
@@ -995,6 +1031,7 @@ void tst_PlatformFiles::copyOntoItself_data()
 
 void tst_PlatformFiles::copyOntoItself()
 {
+    const Sandbox sandbox;
     QFETCH(QString, name);
     QVERIFY(write(asciiName, "text"));
     QVERIFY(::symlink("file.txt", "link") == 0 && ::link("file.txt", "hardLink") == 0);
@@ -1014,6 +1051,7 @@ void tst_PlatformFiles::copyFails_data()
     };
     row("nothing there", "missing", "copy", ERROR_FILE_NOT_FOUND);
     row("a directory", "inner", "copy", ERROR_ACCESS_DENIED);
+    row("a device", "/dev/null", "copy", ERROR_INVALID_PARAMETER);
     row("to a directory", "file.txt", "inner", ERROR_ACCESS_DENIED);
     row("no parent", "file.txt", "missing/copy", ERROR_FILE_NOT_FOUND);
     row("the target cannot take it", "file.txt", "/dev/full", ERROR_INVALID_PARAMETER);
@@ -1021,13 +1059,46 @@ void tst_PlatformFiles::copyFails_data()
 
 void tst_PlatformFiles::copyFails()
 {
+    const Sandbox sandbox;
     QFETCH(QString, from);
     QFETCH(QString, to);
     QVERIFY(QDir().mkdir(QStringLiteral("inner")) && write(asciiName, "text"));
     QVERIFY(!CopyFileW(wide(from).c_str(), wide(to).c_str(), false));
     QTEST(GetLastError(), "error");
-    QCOMPARE(entries(), QStringList({asciiName, QStringLiteral("inner")}));
+    QCOMPARE(sandbox.entries(), QStringList({asciiName, QStringLiteral("inner")}));
     QCOMPARE(contentsOf(asciiName), QByteArray("text"));
+}
+
+void tst_PlatformFiles::copyThatDoesNotComeToAnEnd_data()
+{
+    QTest::addColumn<bool>("exists");
+
+    QTest::newRow("to a new file, which goes again") << false;
+    QTest::newRow("to an existing file, which stays") << true;
+}
+
+void tst_PlatformFiles::copyThatDoesNotComeToAnEnd()
+{
+    QFETCH(bool, exists);
+    const Sandbox sandbox;
+    QVERIFY(write(asciiName, QByteArray(200000, 'a')));
+    if (exists)
+        QVERIFY(write(QStringLiteral("copy"), "old"));
+    const QStringList before = sandbox.entries();
+
+    rlimit limit = {};
+    QVERIFY(::getrlimit(RLIMIT_FSIZE, &limit) == 0);
+    const rlimit small = {100000, limit.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    QVERIFY(::setrlimit(RLIMIT_FSIZE, &small) == 0);
+    const bool isCopied = CopyFileW(L"file.txt", L"copy", false);
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, handler);
+
+    QVERIFY(!isCopied);
+    QCOMPARE(GetLastError(), DWORD(ERROR_DISK_FULL));
+    QCOMPARE(sandbox.entries(), before);
+    QCOMPARE(contentsOf(asciiName).size(), 200000);
 }
 
 KX_TEST_MAIN(tst_PlatformFiles)

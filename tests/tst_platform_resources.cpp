@@ -17,6 +17,20 @@ namespace {
 
 const HINSTANCE module = KxHandleFromValue<HINSTANCE>(0x4711);
 
+/// Takes back at its end what was registered for null and for `module`.
+class Registrations
+{
+public:
+    Registrations() { SetLastError(0); }
+    ~Registrations()
+    {
+        for (const HINSTANCE owner : {HINSTANCE(nullptr), module}) {
+            KxUnregisterStrings(owner);
+            KxUnregisterBitmaps(owner);
+        }
+    }
+};
+
 std::wstring loaded(HINSTANCE from, UINT id)
 {
     wchar_t buffer[256];
@@ -50,8 +64,6 @@ class tst_PlatformResources : public KxTestCase
     Q_OBJECT
 
 private slots:
-    void cleanup();
-
     void loadString_data();
     void loadString();
     void loadStringWithoutABuffer();
@@ -74,6 +86,7 @@ private slots:
 
     void loadImage_data();
     void loadImage();
+    void loadImageOfDigitsWithoutASign();
     void loadImageGivesANewBitmapEachTime();
     void loadImageLeavesTheRegisteredOneAlone();
     void loadImageKeepsTransparency();
@@ -100,14 +113,6 @@ private slots:
     void freeLibraryTakesTheResourcesAlong();
 };
 
-void tst_PlatformResources::cleanup()
-{
-    KxUnregisterStrings(nullptr);
-    KxUnregisterStrings(module);
-    KxUnregisterBitmaps(nullptr);
-    KxUnregisterBitmaps(module);
-}
-
 // ---- strings --------------------------------------------------------------------------------------------
 
 void tst_PlatformResources::loadString_data()
@@ -127,6 +132,7 @@ void tst_PlatformResources::loadString_data()
 
 void tst_PlatformResources::loadString()
 {
+    const Registrations registrations;
     QFETCH(int, count);
     KxRegisterString(nullptr, 7, L"Four");
     std::wstring buffer(6, L'#');
@@ -137,6 +143,7 @@ void tst_PlatformResources::loadString()
 
 void tst_PlatformResources::loadStringWithoutABuffer()
 {
+    const Registrations registrations;
     KxRegisterString(nullptr, 7, L"Four");
     QCOMPARE(LoadStringW(nullptr, 7, nullptr, 10), 0);
     QCOMPARE(LoadStringW(nullptr, 7, nullptr, 0), 0);
@@ -144,6 +151,7 @@ void tst_PlatformResources::loadStringWithoutABuffer()
 
 void tst_PlatformResources::loadStringOfNothing()
 {
+    const Registrations registrations;
     wchar_t buffer[] = L"##";
     QCOMPARE(LoadStringW(nullptr, 7, buffer, 2), 0);
     QVERIFY2(buffer[0] == 0 && buffer[1] == L'#', "in a module without strings");
@@ -157,6 +165,7 @@ void tst_PlatformResources::loadStringOfNothing()
 
 void tst_PlatformResources::stringsBelongToTheirModule()
 {
+    const Registrations registrations;
     KxRegisterString(nullptr, 7, L"null's");
     KxRegisterString(module, 7, L"the module's");
     KxRegisterString(module, 8, L"the module's alone");
@@ -168,6 +177,7 @@ void tst_PlatformResources::stringsBelongToTheirModule()
 
 void tst_PlatformResources::registeredStringsTakeThePlaceOfOthers()
 {
+    const Registrations registrations;
     KxRegisterString(nullptr, 7, L"first");
     KxRegisterString(nullptr, 7, L"second");
     QCOMPARE(loaded(nullptr, 7), std::wstring(L"second"));
@@ -178,6 +188,7 @@ void tst_PlatformResources::registeredStringsTakeThePlaceOfOthers()
 
 void tst_PlatformResources::unregisterStrings()
 {
+    const Registrations registrations;
     KxRegisterStrings(module, {{1, L"one"}, {2, L"two"}, {3, L"three"}});
     KxRegisterString(nullptr, 2, L"null's");
     QVERIFY(KxUnregisterString(module, 2));
@@ -193,6 +204,7 @@ void tst_PlatformResources::unregisterStrings()
 
 void tst_PlatformResources::stringsOfAnArray()
 {
+    const Registrations registrations;
     static constexpr KxStringResource strings[] = {{1, L"one"}, {0xFFFFFFFF, L"greatest"}, {3, nullptr}};
     KxRegisterStrings(module, strings);
     QCOMPARE(loaded(module, 1), std::wstring(L"one"));
@@ -258,6 +270,7 @@ void tst_PlatformResources::stringTable_data()
 
 void tst_PlatformResources::stringTable()
 {
+    const Registrations registrations;
     QFETCH(QByteArray, table);
     QFETCH(int, count);
     QFETCH(unsigned int, id);
@@ -306,6 +319,8 @@ void tst_PlatformResources::stringTableWithAMistake_data()
     row("an overlong zero", "1 a\xC0\x80", 1, "not UTF-8");
     row("UTF-8 of a surrogate", "1 \xED\xA0\x80", 1, "not UTF-8");
     row("no UTF-8 in a comment", "# \xE4\n1 one", 1, "not UTF-8");
+    row("a byte order mark in front of a later line", "1 one\n\xEF\xBB\xBF" + QByteArray("2 two"), 2,
+        "identifier of 32 bits");
     row("UTF-16", QByteArray("\xFF\xFE") + QByteArray("1\0 \0a\0", 6), 1, "not UTF-8");
     row("a zero", QByteArray("1 a\0b\n", 6), 1, "control character");
     row("a carriage return inside", "1 one\r2 two\n", 1, "control character");
@@ -316,6 +331,7 @@ void tst_PlatformResources::stringTableWithAMistake_data()
 
 void tst_PlatformResources::stringTableWithAMistake()
 {
+    const Registrations registrations;
     QFETCH(QByteArray, table);
     QFETCH(QString, error);
 
@@ -331,6 +347,7 @@ void tst_PlatformResources::stringTableWithAMistake()
 
 void tst_PlatformResources::stringTableOfALargeFile()
 {
+    const Registrations registrations;
     QByteArray table;
     for (int i = 0; i < 20000; ++i)
         table += QByteArray::number(i) + " text " + QByteArray::number(i) + '\n';
@@ -341,6 +358,7 @@ void tst_PlatformResources::stringTableOfALargeFile()
 
 void tst_PlatformResources::stringTableKeepsWhatItDoesNotName()
 {
+    const Registrations registrations;
     KxRegisterStrings(module, {{1, L"one"}, {2, L"two"}});
     QVERIFY(KxRegisterStringTable(module, "2 zwei\n3 drei\n").isOk());
     QCOMPARE(loaded(module, 1), std::wstring(L"one"));
@@ -350,6 +368,7 @@ void tst_PlatformResources::stringTableKeepsWhatItDoesNotName()
 
 void tst_PlatformResources::stringTableFromAFile()
 {
+    const Registrations registrations;
     QTemporaryDir directory;
     const QString name = directory.filePath(QStringLiteral(u"Texte ä.txt"));
     QFile file(name);
@@ -363,6 +382,7 @@ void tst_PlatformResources::stringTableFromAFile()
 
 void tst_PlatformResources::stringTableFromAQtResource()
 {
+    const Registrations registrations;
     QTemporaryDir directory;
     const auto write = [&directory](const QString &name, const QByteArray &contents) {
         QFile file(directory.filePath(name));
@@ -395,6 +415,7 @@ void tst_PlatformResources::stringTableThatCannotBeRead_data()
 
 void tst_PlatformResources::stringTableThatCannotBeRead()
 {
+    const Registrations registrations;
     QFETCH(QString, name);
     const KxStringTableResult result = KxLoadStringTable(module, name);
     QVERIFY(!result.isOk());
@@ -424,13 +445,14 @@ void tst_PlatformResources::loadImage_data()
     row("with zeros too", u"12", u"#0012", true);
     row("registered as # and the number", u"#12", u"12", true);
     row("# and no number is a name", u"#one", u"#ONE", true);
-    row("digits without # are a name", u"x12", u"12", false);
+    row("# and no number is not another such name", u"#one", u"#two", false);
     row("the number 0", u"0", u"0", true);
     row("the greatest number", u"65535", u"65535", true);
 }
 
 void tst_PlatformResources::loadImage()
 {
+    const Registrations registrations;
     QFETCH(QString, registered);
     QFETCH(QString, asked);
     QFETCH(bool, isFound);
@@ -455,8 +477,19 @@ void tst_PlatformResources::loadImage()
     QVERIFY(images()->deleteHandle(handle));
 }
 
+void tst_PlatformResources::loadImageOfDigitsWithoutASign()
+{
+    const Registrations registrations;
+    QVERIFY(KxRegisterNamedBitmap(nullptr, L"12", filled(3, 2, Qt::red)));
+    QVERIFY2(!LoadImageW(nullptr, MAKEINTRESOURCEW(12), IMAGE_BITMAP, 0, 0, 0), "a name is not the number");
+    const HANDLE handle = LoadImageW(nullptr, L"12", IMAGE_BITMAP, 0, 0, 0);
+    QVERIFY(handle);
+    QVERIFY(images()->deleteHandle(handle));
+}
+
 void tst_PlatformResources::loadImageGivesANewBitmapEachTime()
 {
+    const Registrations registrations;
     KxRegisterBitmap(nullptr, 12, filled(3, 2, Qt::red));
     const HANDLE first = LoadImageW(nullptr, MAKEINTRESOURCEW(12), IMAGE_BITMAP, 0, 0, 0);
     const HANDLE second = LoadImageW(nullptr, MAKEINTRESOURCEW(12), IMAGE_BITMAP, 0, 0, 0);
@@ -470,6 +503,7 @@ void tst_PlatformResources::loadImageGivesANewBitmapEachTime()
 
 void tst_PlatformResources::loadImageLeavesTheRegisteredOneAlone()
 {
+    const Registrations registrations;
     KxRegisterBitmap(nullptr, 12, filled(3, 2, Qt::red));
     const HANDLE first = LoadImageW(nullptr, MAKEINTRESOURCEW(12), IMAGE_BITMAP, 0, 0, 0);
     images()->image(first)->fill(Qt::blue);
@@ -484,6 +518,7 @@ void tst_PlatformResources::loadImageLeavesTheRegisteredOneAlone()
 
 void tst_PlatformResources::loadImageKeepsTransparency()
 {
+    const Registrations registrations;
     KxRegisterBitmap(nullptr, 12, filled(1, 1, QColor(255, 0, 0, 51)));
     const HANDLE handle = LoadImageW(nullptr, MAKEINTRESOURCEW(12), IMAGE_BITMAP, 0, 0, 0);
     QCOMPARE(imageOf(handle).pixelColor(0, 0), QColor(255, 0, 0, 51));
@@ -504,6 +539,7 @@ void tst_PlatformResources::loadImageOfASize_data()
 
 void tst_PlatformResources::loadImageOfASize()
 {
+    const Registrations registrations;
     QFETCH(int, width);
     QFETCH(int, height);
     KxRegisterBitmap(nullptr, 12, filled(4, 2, Qt::red));
@@ -530,6 +566,7 @@ void tst_PlatformResources::loadImageFails_data()
 
 void tst_PlatformResources::loadImageFails()
 {
+    const Registrations registrations;
     QFETCH(unsigned int, type);
     QFETCH(int, width);
     QFETCH(int, height);
@@ -555,6 +592,7 @@ void tst_PlatformResources::loadImageFromAFile_data()
 
 void tst_PlatformResources::loadImageFromAFile()
 {
+    const Registrations registrations;
     QFETCH(QString, name);
     QFETCH(QString, format);
     QTemporaryDir directory;
@@ -584,6 +622,7 @@ void tst_PlatformResources::loadImageFromAFileFails_data()
 
 void tst_PlatformResources::loadImageFromAFileFails()
 {
+    const Registrations registrations;
     QFETCH(QString, name);
     QTemporaryDir directory;
     QVERIFY(filled(3, 2, Qt::red).save(directory.filePath(QStringLiteral("picture.bmp"))));
@@ -601,6 +640,7 @@ void tst_PlatformResources::loadImageFromAFileFails()
 
 void tst_PlatformResources::loadImageUsesTheServiceInPlace()
 {
+    const Registrations registrations;
     class Service : public KxImageService
     {
     public:
@@ -623,6 +663,7 @@ void tst_PlatformResources::loadImageUsesTheServiceInPlace()
 
 void tst_PlatformResources::registerBitmapFails()
 {
+    const Registrations registrations;
     const QImage image = filled(3, 2, Qt::red);
     QVERIFY2(!KxRegisterBitmap(module, 12, QImage()), "the null image");
     QVERIFY2(!KxRegisterBitmap(module, 0x10000, image), "a number of 17 bits");
@@ -635,6 +676,7 @@ void tst_PlatformResources::registerBitmapFails()
 
 void tst_PlatformResources::bitmapsBelongToTheirModule()
 {
+    const Registrations registrations;
     KxRegisterBitmap(nullptr, 12, filled(3, 2, Qt::red));
     QVERIFY(!LoadImageW(module, MAKEINTRESOURCEW(12), IMAGE_BITMAP, 0, 0, 0));
     KxRegisterBitmap(module, 12, filled(4, 4, Qt::blue));
@@ -647,6 +689,7 @@ void tst_PlatformResources::bitmapsBelongToTheirModule()
 
 void tst_PlatformResources::unregisterBitmaps()
 {
+    const Registrations registrations;
     const QImage image = filled(3, 2, Qt::red);
     QVERIFY(!KxUnregisterBitmap(module, MAKEINTRESOURCEW(12)));
     KxRegisterBitmap(module, 12, image);
@@ -743,6 +786,7 @@ void tst_PlatformResources::freeLibraryOfWhatIsNoModule()
 
 void tst_PlatformResources::freeLibraryTakesTheResourcesAlong()
 {
+    const Registrations registrations;
     const HMODULE library = LoadLibraryW(L"libm.so.6");
     QCOMPARE(LoadLibraryW(L"libm.so.6"), library);
     KxRegisterString(library, 7, L"seven");

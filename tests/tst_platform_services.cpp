@@ -43,6 +43,26 @@ QVector<int> keysDown()
 
 const SHORT shiftBeforeTheApplication = keyState(VK_SHIFT);
 
+/// Lets go of everything at its end; Qt keeps modifiers and buttons until an event says otherwise.
+class KeyScope
+{
+public:
+    KeyScope() = default;
+    KeyScope(const KeyScope &) = delete;
+    KeyScope &operator=(const KeyScope &) = delete;
+    ~KeyScope()
+    {
+        QWidget widget;
+        QTest::keyRelease(&widget, Qt::Key_F35);
+        const auto buttons = QGuiApplication::mouseButtons();
+        for (const Qt::MouseButton button :
+             {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton, Qt::BackButton, Qt::ForwardButton}) {
+            if (buttons & button)
+                QTest::mouseRelease(&widget, button);
+        }
+    }
+};
+
 /// Notes which keys are down while it handles an event.
 class KeyWidget : public QWidget
 {
@@ -83,8 +103,6 @@ class tst_PlatformServices : public KxTestCase
     Q_OBJECT
 
 private slots:
-    void init();
-
     void servicesAreThere();
     void servicesAreReplaceable();
 
@@ -125,17 +143,6 @@ private slots:
     void normalizePathOfNothing();
     void normalizePathInPlace();
 };
-
-/// Qt keeps modifiers and buttons until the next event says otherwise.
-void tst_PlatformServices::init()
-{
-    QWidget widget;
-    QTest::keyRelease(&widget, Qt::Key_F35);
-    for (const Qt::MouseButton button :
-         {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton, Qt::BackButton, Qt::ForwardButton})
-        QTest::mouseRelease(&widget, button);
-    QCOMPARE(keysDown(), QVector<int>());
-}
 
 void tst_PlatformServices::servicesAreThere()
 {
@@ -219,6 +226,7 @@ void tst_PlatformServices::modifiers_data()
 
 void tst_PlatformServices::modifiers()
 {
+    const KeyScope scope;
     QFETCH(Qt::KeyboardModifiers, modifiers);
     QFETCH(QVector<int>, keys);
     KeyWidget widget;
@@ -239,6 +247,7 @@ void tst_PlatformServices::modifiersOfAWindow_data()
 
 void tst_PlatformServices::modifiersOfAWindow()
 {
+    const KeyScope scope;
     // Through the window system's queue, as real events come.
     QFETCH(Qt::KeyboardModifiers, modifiers);
     QFETCH(QVector<int>, keys);
@@ -256,6 +265,7 @@ void tst_PlatformServices::modifiersOfAWindow()
 
 void tst_PlatformServices::modifiersBelongToTheEvent()
 {
+    const KeyScope scope;
     KeyWidget widget;
     QTest::keyPress(&widget, Qt::Key_A, Qt::ShiftModifier);
     QVERIFY(keyState(VK_SHIFT) & down);
@@ -277,6 +287,7 @@ void tst_PlatformServices::mouseButtons_data()
 
 void tst_PlatformServices::mouseButtons()
 {
+    const KeyScope scope;
     QFETCH(Qt::MouseButton, button);
     QFETCH(int, key);
     KeyWidget widget;
@@ -290,6 +301,7 @@ void tst_PlatformServices::mouseButtons()
 
 void tst_PlatformServices::twoMouseButtons()
 {
+    const KeyScope scope;
     KeyWidget widget;
     QTest::mousePress(&widget, Qt::LeftButton);
     QTest::mousePress(&widget, Qt::RightButton);

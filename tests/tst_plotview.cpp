@@ -199,6 +199,7 @@ private slots:
 
     void badFile_data();
     void badFile();
+    void badFileWithALongPath();
     void badFileOnTheCommandLine();
     void damagedFile_data();
     void damagedFile();
@@ -346,6 +347,15 @@ void PlotViewTest::badFile()
     QCOMPARE(program.counts(), before);
     QVERIFY(program.window().OpenPlot(toCString(file("PU0,0;PD9,9;"))));
     QCOMPARE(program.counts(), QStringLiteral("Pens: 1 Strokes: 1 Labels: 0 Skipped: 0"));
+}
+
+void PlotViewTest::badFileWithALongPath()
+{
+    const QString path =
+        m_folder.filePath(QStringLiteral("folder/").repeated(500) + QStringLiteral("missing.hpgl"));
+    Program program;
+    const QString message = messageDuring([&] { QVERIFY(!program.window().OpenPlot(toCString(path))); });
+    QVERIFY(message.contains(QStringLiteral("/missing.hpgl\ncannot be opened.")));
 }
 
 void PlotViewTest::badFileOnTheCommandLine()

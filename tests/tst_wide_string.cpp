@@ -327,7 +327,8 @@ void tst_WideString::number_data()
     numberRow("IsEmpty of text is false", [] { return CString(L"a").IsEmpty(); }, 0);
     numberRow("IsEmpty after Empty is true", [] { CString s(L"a"); s.Empty(); return s.IsEmpty(); }, 1);
     numberRow("GetAt reads one character", [] { return CString(L"abc").GetAt(2); }, L'c');
-    numberRow("GetAt reads behind a NUL", [] { return CString(whole(L"a\0c")).GetAt(2); }, L'c');
+    static const CString withZero(whole(L"a\0c"));
+    numberRow("GetAt reads behind a NUL", [] { return withZero.GetAt(2); }, L'c');
     numberRow("[] reads one character", [] { CString s(L"abc"); return s[1]; }, L'b');
     numberRow("[] of a const string reads one character", [] { const CString s(L"abc"); return s[1]; }, L'b');
     numberRow("[] of a const string at its end is the NUL", [] { const CString s(L"abc"); return s[3]; }, 0);

@@ -176,7 +176,8 @@ public:
 class KX_EXPORT CCmdTarget : public CObject
 {
 public:
-    /// The end of every chain of message maps: no entries, no base. DECLARE_MESSAGE_MAP gives a class its own.
+    /// The end of every chain of message maps: no entries, no base. DECLARE_MESSAGE_MAP gives a class its
+    /// own.
     static const AFX_MSGMAP *GetThisMessageMap();
 
     /// Answers FALSE, not handled: commands reach their handlers from whoever walks the message maps.
@@ -245,8 +246,8 @@ public: \
 #define DECLARE_SERIAL(class_name) DECLARE_DYNCREATE(class_name)
 
 #define KX_IMPLEMENT_RUNTIME_CLASS(class_name, base_class_name, schema, create) \
-    CRuntimeClass class_name::class##class_name = {#class_name, static_cast<int>(sizeof(class_name)), schema, \
-                                                   create, RUNTIME_CLASS(base_class_name)};
+    CRuntimeClass class_name::class##class_name = { \
+        #class_name, static_cast<int>(sizeof(class_name)), schema, create, RUNTIME_CLASS(base_class_name)};
 
 #define IMPLEMENT_DYNAMIC(class_name, base_class_name) \
     KX_IMPLEMENT_RUNTIME_CLASS(class_name, base_class_name, 0xFFFF, nullptr)

@@ -51,9 +51,9 @@ public:
     virtual void SetMainWnd(CWnd *pWnd);
     KX_INERT("returns null; opens no document")
     virtual CDocument *OpenDocumentFile(const wchar_t *lpszFileName);
-    /// Reads an integer. \return `nDefault` when the entry is missing, 0 when it is not a number
+    /// Reads an integer. \return `nDefault` when the entry is missing or has no name, 0 when it is no number
     virtual UINT GetProfileIntW(const wchar_t *lpszSection, const wchar_t *lpszEntry, int nDefault);
-    /// Stores an integer. \return TRUE
+    /// Stores an integer; nothing for an entry without a name. \return TRUE
     virtual BOOL WriteProfileInt(const wchar_t *lpszSection, const wchar_t *lpszEntry, int nValue);
     KX_INERT("returns an empty text, whatever is stored and whatever the default is; use CRegKey")
     virtual CString GetProfileStringW(const wchar_t *lpszSection, const wchar_t *lpszEntry,

@@ -7,7 +7,9 @@
 #include <map>
 
 /// \file
-/// Win32's free window functions, over the window object of a handle. A handle that has none counts as null.
+/// Win32's free window functions. Most work on the window object of the handle, and a handle that has none
+/// counts as null for them; GetWindowRect(), GetClassNameW() and EnableWindow() work on the widget itself, and
+/// SetWindowLongW() on any handle.
 
 /// The values of SetWindowLongW() by handle; nothing removes them.
 extern KX_EXPORT std::map<HWND, long> g_hwndMap;
@@ -39,12 +41,14 @@ KX_EXPORT int GetWindowTextLengthW(HWND hWnd);
 KX_EXPORT int GetWindowTextLengthA(HWND hWnd);
 /// Writes the Windows class name for the widget's kind: "Edit" (QLineEdit, QSpinBox, QDoubleSpinBox), "Button"
 /// (QAbstractButton), "ComboBox", "Static" (QLabel), an empty one for everything else; at most `nMaxCount` - 1
-/// characters, and zeros up to the end. \return the length of what stands in the buffer
+/// characters, and zeros up to the end; a null handle has an empty one too.
+/// \return the length of what stands in the buffer
 KX_EXPORT int GetClassNameW(HWND hWnd, wchar_t *lpClassName, int nMaxCount);
 /// Stores a value for `nIndex` 1, once: a handle's first value stays. \return the value stored before the call, 0
 /// for a null handle or any other index
 KX_EXPORT LONG_PTR SetWindowLongW(HWND hWnd, int nIndex, long dwNewLong);
-/// `nIndex` 1 gives the value of SetWindowLongW(), GWL_ID the control identifier, any other index 0.
+/// `nIndex` 1 gives the value of SetWindowLongW(), GWL_ID the control identifier; any other index, or a null
+/// handle, 0.
 KX_EXPORT LONG_PTR GetWindowLongPtrW(HWND hWnd, int nIndex);
 
 KX_INERT("returns null; use CWnd::SetFocus()")

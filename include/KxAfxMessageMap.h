@@ -123,8 +123,7 @@ public:
     explicit KxMessageHandler(const AFX_MSGMAP_ENTRY *entry)
     {
         static_assert(sizeof m_handler == sizeof entry->pfn);
-        // By name: the types of two source files that never see CMenu whole are two objects.
-        if (entry && entry->signature && std::strcmp(entry->signature->name(), typeid(m_handler).name()) == 0)
+        if (entry && entry->signature && *entry->signature == typeid(m_handler))
             std::memcpy(&m_handler, &entry->pfn, sizeof m_handler);
     }
 

@@ -42,16 +42,19 @@ extern KX_EXPORT std::map<HWND, CWnd *> CWndHandleTable;
 extern KX_EXPORT QList<CWnd *> CWndList;
 
 /// Makes a temporary wrapper for a handle: a CWnd that the library owns and deletes when another window
-/// object takes the handle over, when the window that has it as a dialog item is destroyed, or at unload.
+/// object takes the handle over or when the window that has it as a dialog item is destroyed. One that
+/// the handle table does not lead to, since a kept object has the place there, is deleted at unload. A null
+/// handle gives an unbound one.
 KX_EXPORT CWnd *CreateCWndByHandle(HWND hWnd);
 
 /// A window object, as CWnd in MFC. It makes no window: it is bound to a QWidget of the host and hands its
 /// calls on to it.
 ///
 /// States. *Unbound*: as constructed. *Bound*: after Attach(), SetHandle(), SubclassDlgItem() or as a temporary
-/// wrapper. *Orphaned*: another object took the handle over; GetSafeHwnd() still tells it, everything else
-/// behaves as unbound, for good. On an unbound object a member does nothing and gives 0, null or FALSE, where
-/// it does not say otherwise.
+/// wrapper. *Orphaned*: another object took the handle over, and the widget is out of reach for good.
+/// GetSafeHwnd() still tells the handle, so that Attach() and SubclassDlgItem() bind nothing and give TRUE;
+/// everything else behaves as unbound. On an unbound object a member does nothing and gives 0, null or FALSE,
+/// where it does not say otherwise.
 ///
 /// Lifetime. The host owns its objects and widgets. ~CWnd() deletes the widget only after
 /// SetAutoDelete(..., true). Nothing watches the widget: destroy the object before it, or never use it after.
@@ -136,7 +139,7 @@ public:
     /// SetHandle(). \return FALSE for a null handle, otherwise TRUE
     BOOL Attach(HWND hWndNew);
     /// Orphans the object; a new temporary wrapper reaches the widget from now on. FromHandle() goes on to find
-    /// this object. \return the handle, null when unbound
+    /// this object. \return the handle, also of an orphaned object; null when there is none
     HWND Detach();
     /// The object that the handle table has for a handle, or null. Unlike MFC it makes no temporary object.
     static CWnd *FromHandle(HWND hWnd);
@@ -193,6 +196,9 @@ public:
     void GetDlgItem(int nID, HWND *phWnd) const;
     /// Gets the item's text. \return its length
     int GetDlgItemTextW(int nID, CString &rString) const;
+    /// Gets the item's text as the buffer form of GetWindowTextW(). \return the length of what stands in the
+    /// buffer
+    int GetDlgItemTextW(int nID, wchar_t *lpStr, int nMaxCount) const;
     void SetDlgItemTextW(int nID, const wchar_t *lpszString);
     /// \return 1 when the item is a checked QAbstractButton, otherwise 0
     UINT IsDlgButtonChecked(int nIDButton) const;
@@ -324,7 +330,7 @@ public:
     void OnClose();
     void OnTimer(UINT_PTR nIDEvent);
     void OnSize(UINT nType, int cx, int cy);
-    void OnSizing(UINT fwSide, LPRECT pRect);
+    void OnSizing(UINT nSide, LPRECT lpRect);
     void OnGetMinMaxInfo(MINMAXINFO *lpMMI);
     void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
     void OnLButtonDown(UINT nFlags, CPoint point);

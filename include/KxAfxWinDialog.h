@@ -89,7 +89,7 @@ public:
     ~CTnUiDialog() override;
 
     void OnSize(UINT nType, int cx, int cy);
-    void OnSizing(UINT fwSide, LPRECT pRect);
+    void OnSizing(UINT nSide, LPRECT lpRect);
 };
 
 /// A page in a dialog with tabs.

@@ -10,7 +10,7 @@ struct _devicemodeW;
 using DEVMODEW = _devicemodeW;
 
 class QGLColormap;
-class QSettings;
+class KxSettings;
 
 /// \file
 /// Win32 calls that need no window object: keys, screen, cursors, message boxes, palettes, settings.
@@ -131,8 +131,8 @@ public:
 
     operator HKEY() const;
 
-    /// Sets the key path, at most 2048 characters. A path that is shorter than one set before keeps that one's
-    /// tail. \return ERROR_SUCCESS
+    /// Sets the key path, of which the first 2048 characters count. A path that is shorter than one set before
+    /// keeps that one's tail. \return ERROR_SUCCESS
     LONG Create(HKEY hKeyParent, const wchar_t *lpszKeyName, wchar_t *lpszClass = nullptr,
                 DWORD dwOptions = REG_OPTION_NON_VOLATILE, REGSAM samDesired = KEY_READ | KEY_WRITE,
                 SECURITY_ATTRIBUTES *lpSecAttr = nullptr, DWORD *lpdwDisposition = nullptr);
@@ -142,16 +142,18 @@ public:
     LONG Close();
     KX_INERT("returns ERROR_SUCCESS; deletes nothing")
     LONG RecurseDeleteKey(const wchar_t *lpszKey);
-    /// Stores a text under the key path. \return ERROR_SUCCESS
+    /// Stores a text under the key path; nothing without a name, since the store has no unnamed values.
+    /// \return ERROR_SUCCESS
     LONG SetValue(const wchar_t *lpszValue, const wchar_t *lpszValueName = nullptr, bool bMulti = false,
-                  int nValueLength = 0);
-    /// Reads a text; a missing one is empty. `*pdwCount`, the room in characters, is not updated.
+                  int nValueLen = -1);
+    /// Reads a text; a missing one is empty, and one without a name is missing. `*pdwCount`, the room in
+    /// characters, is not updated; a null `pdwCount` is no room.
     /// A text that is as long as the room loses its last character to the terminating zero.
     /// \return ERROR_SUCCESS; -1 when the text is longer than the room, with the buffer untouched and the key path
     /// left open, so that the next call of this object looks below it
     LONG QueryValue(wchar_t *szValue, const wchar_t *lpszValueName, DWORD *pdwCount);
 
 private:
-    QSettings *m_settings;
+    KxSettings *m_settings;
     wchar_t *m_path;
 };

@@ -12,6 +12,7 @@
 #include <locale>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 /// \file
@@ -114,14 +115,18 @@ struct SSToLower
 /// Indexes and lengths are `int`, in characters from 0. Only wchar_t is instantiated.
 ///
 /// Differences from MFC that a port meets:
-/// - Format() is vswprintf(): `%s` takes a narrow text and `%ls` a wide one. A CString itself cannot pass
-///   through `...`: write `static_cast<LPCTSTR>(text)` or `text.GetString()`.
+/// - Format() is vswprintf(): `%s` takes a narrow text and `%ls` a wide one. A CString among its arguments
+///   stands for its text. Through the `...` of other functions it must not pass, which GCC says only with
+///   -Wconditionally-supported: write `static_cast<LPCTSTR>(text)` or `text.GetString()`.
 /// - Format() has room for 1022 characters more than the format is long; longer output is cut off or lost.
 /// - GetAt() and SetAt() throw std::out_of_range for a wrong index, operator[] does not check.
 /// - Nothing is shared between copies.
 template<class CT>
 class KX_EXPORT CStdStr : public std::basic_string<CT>
 {
+    template<class... Arguments>
+    using WithStrings = std::enable_if_t<(std::is_base_of_v<std::basic_string<CT>, Arguments> || ...), int>;
+
 public:
     using Base = std::basic_string<CT>;
 
@@ -136,8 +141,13 @@ public:
     CStdStr(std::nullptr_t) {}
     /// `repeat` times `character`; none when `repeat` is not positive.
     CStdStr(CT character, int repeat = 1) : Base(repeat > 0 ? std::size_t(repeat) : 0, character) {}
-    /// The first `length` characters of `text`.
+    /// The first `length` characters of `text`, which has them all.
     CStdStr(const CT *text, int length) : Base(text ? text : L"", text && length > 0 ? std::size_t(length) : 0) {}
+    /// The first `length` bytes of `text`, which has them all, converted as by CStdStr(const char *).
+    CStdStr(const char *text, int length)
+        : CStdStr(std::string(text ? text : "", text && length > 0 ? std::size_t(length) : 0).c_str())
+    {
+    }
 
     CStdStr &operator=(const CStdStr &other) { return ssasn(*this, other), *this; }
     CStdStr &operator=(CStdStr &&other) noexcept = default;
@@ -168,6 +178,11 @@ public:
     void SetAt(int index, CT character) { this->at(std::size_t(index)) = character; }
     CT &operator[](int index) { return Base::operator[](std::size_t(index)); }
     const CT &operator[](int index) const { return Base::operator[](std::size_t(index)); }
+    /// For every other kind of integer, which the conversion to a pointer would make ambiguous.
+    template<class Index, std::enable_if_t<std::is_integral_v<Index>, int> = 0>
+    CT &operator[](Index index) { return Base::operator[](static_cast<std::size_t>(index)); }
+    template<class Index, std::enable_if_t<std::is_integral_v<Index>, int> = 0>
+    const CT &operator[](Index index) const { return Base::operator[](static_cast<std::size_t>(index)); }
 
     // -- searching and comparing; -1 is "not found"
 
@@ -187,7 +202,8 @@ public:
     CStdStr Left(int count) const { return this->substr(0, std::size_t(clamped(count))); }
     /// The last `count` characters; a count outside the text is moved to its nearer end.
     CStdStr Right(int count) const { return this->substr(this->size() - std::size_t(clamped(count))); }
-    /// All from `first` on, up to the first zero.
+    /// As many characters from `first` on as stand between it and the first zero. A negative `first` counts as
+    /// 0, but adds to their number.
     CStdStr Mid(int first) const;
     /// At most `count` characters from `first` on. Negative arguments count as 0; past the end gives none.
     CStdStr Mid(int first, int count) const;
@@ -221,11 +237,14 @@ public:
     CStdStr &MakeReverse() { return std::reverse(this->begin(), this->end()), *this; }
 
     void Append(const CT *text) { ssadd(*this, text); }
+    /// Appends the first `length` characters of `text`, which has them all.
+    void Append(const CT *text, int length) { ssadd(*this, CStdStr(text, length)); }
     void AppendChar(CT character) { this->push_back(character); }
     /// Inserts before `index`, which is moved into the text. \return the new GetLength()
     int Insert(int index, CT character);
     int Insert(int index, const CT *text);
-    /// Removes up to `count` characters from `index` on; does nothing for a wrong index.
+    /// Removes up to `count` characters from `index` on. A negative index counts as 0; past the end there is
+    /// nothing to remove.
     /// \return the new GetLength()
     int Delete(int index, int count = 1);
     /// Replaces every occurrence. \return how many there were; none for an empty `oldText`
@@ -267,6 +286,30 @@ public:
     void AppendFormat(const CT *format, ...);
     /// \copydoc AppendFormat
     void AppendFormatV(const CT *format, va_list arguments);
+    /// Appends what Format() with that string resource would give.
+    void AppendFormat(unsigned int formatId, ...);
+
+    /// The same calls with strings among the arguments, each of which stands for its text.
+    template<class... Arguments, WithStrings<Arguments...> = 0>
+    void Format(const CT *format, Arguments... arguments)
+    {
+        Format(format, formatArgument(arguments)...);
+    }
+    template<class... Arguments, WithStrings<Arguments...> = 0>
+    void Format(unsigned int formatId, Arguments... arguments)
+    {
+        Format(formatId, formatArgument(arguments)...);
+    }
+    template<class... Arguments, WithStrings<Arguments...> = 0>
+    void AppendFormat(const CT *format, Arguments... arguments)
+    {
+        AppendFormat(format, formatArgument(arguments)...);
+    }
+    template<class... Arguments, WithStrings<Arguments...> = 0>
+    void AppendFormat(unsigned int formatId, Arguments... arguments)
+    {
+        AppendFormat(formatId, formatArgument(arguments)...);
+    }
 
     /// Loads a string of the current resource handle, see AfxSetResourceHandle(). At most 1023 characters.
     /// \return false when there is no such string, or an empty one; this string is empty then
@@ -276,6 +319,15 @@ public:
 
 private:
     using View = std::basic_string_view<CT>;
+
+    template<class Argument>
+    static auto formatArgument(const Argument &argument)
+    {
+        if constexpr (std::is_base_of_v<Base, Argument>)
+            return argument.c_str();
+        else
+            return argument;
+    }
 
     static View orEmpty(const CT *text) { return text ? View(text) : View(); }
     static std::size_t from(int start) { return start < 0 ? 0 : std::size_t(start); }
@@ -330,14 +382,23 @@ CStdStr<CT> CStdStr<CT>::Tokenize(const CT *separators, int &start) const
 template<class CT>
 CStdStr<CT> &CStdStr<CT>::TrimLeft()
 {
-    this->erase(this->begin(), std::find_if(this->begin(), this->end(), NotSpace<CT>(std::locale())));
+    const std::locale locale;
+    const CT *begin = this->data();
+    const CT *end = begin + this->size();
+    const CT *first = std::use_facet<std::ctype<CT>>(locale).scan_not(std::ctype_base::space, begin, end);
+    this->erase(0, std::size_t(first - begin));
     return *this;
 }
 
 template<class CT>
 CStdStr<CT> &CStdStr<CT>::TrimRight()
 {
-    this->erase(std::find_if(this->rbegin(), this->rend(), NotSpace<CT>(std::locale())).base(), this->end());
+    const std::locale locale;
+    const auto &characters = std::use_facet<std::ctype<CT>>(locale);
+    std::size_t size = this->size();
+    while (size > 0 && characters.is(std::ctype_base::space, this->data()[size - 1]))
+        --size;
+    this->resize(size);
     return *this;
 }
 
@@ -358,15 +419,13 @@ CStdStr<CT> &CStdStr<CT>::trimRight(View targets)
 template<class CT>
 void CStdStr<CT>::toUpper(const std::locale &locale)
 {
-    std::transform(this->begin(), this->end(), this->begin(),
-                   [&locale](const CT &character) { return SSToUpper<CT>()(character, locale); });
+    std::use_facet<std::ctype<CT>>(locale).toupper(this->data(), this->data() + this->size());
 }
 
 template<class CT>
 void CStdStr<CT>::ToLower(const std::locale &locale)
 {
-    std::transform(this->begin(), this->end(), this->begin(),
-                   [&locale](const CT &character) { return SSToLower<CT>()(character, locale); });
+    std::use_facet<std::ctype<CT>>(locale).tolower(this->data(), this->data() + this->size());
 }
 
 template<class CT>
@@ -468,6 +527,7 @@ template<> KX_EXPORT void CStdStr<wchar_t>::Format(const wchar_t *format, ...);
 template<> KX_EXPORT void CStdStr<wchar_t>::FormatV(const wchar_t *format, va_list arguments);
 template<> KX_EXPORT void CStdStr<wchar_t>::Format(unsigned int formatId, ...);
 template<> KX_EXPORT void CStdStr<wchar_t>::AppendFormat(const wchar_t *format, ...);
+template<> KX_EXPORT void CStdStr<wchar_t>::AppendFormat(unsigned int formatId, ...);
 template<> KX_EXPORT void CStdStr<wchar_t>::AppendFormatV(const wchar_t *format, va_list arguments);
 template<> KX_EXPORT bool CStdStr<wchar_t>::LoadStringW(unsigned int id);
 template<> KX_EXPORT bool CStdStr<wchar_t>::LoadStringW(HINSTANCE module, unsigned int id);
@@ -494,15 +554,40 @@ inline CString operator+(wchar_t left, const CString &right) { return kxConcaten
 inline CString operator+(const CString &left, const CString &right) { return kxConcatenate(left, right); }
 inline CString operator+(const CString &left, const std::wstring &right) { return kxConcatenate(left, right); }
 inline CString operator+(const std::wstring &left, const CString &right) { return kxConcatenate(left, right); }
-inline CString operator+(const CString &left, const wchar_t *right) { return CString(left) += right; }
-inline CString operator+(const wchar_t *left, const CString &right) { return CString(left) += right; }
-inline CString operator+(const CString &left, const char *right) { return CString(left) += CString(right); }
-inline CString operator+(const char *left, const CString &right) { return CString(left) += right; }
+inline CString operator+(const CString &left, std::wstring &&right) { return kxConcatenate(left, right); }
+inline CString operator+(std::wstring &&left, const CString &right) { return kxConcatenate(left, right); }
+inline CString operator+(const CString &left, const wchar_t *right)
+{
+    return kxConcatenate(left, right ? right : L"");
+}
+inline CString operator+(const wchar_t *left, const CString &right)
+{
+    return kxConcatenate(left ? left : L"", right);
+}
+inline CString operator+(const CString &left, const char *right) { return kxConcatenate(left, CString(right)); }
+inline CString operator+(const char *left, const CString &right) { return kxConcatenate(CString(left), right); }
+
+// ---- comparison with narrow text and characters; the base compares with the rest -----------------------
+
+inline bool operator==(const CString &left, const char *right) { return left == CString(right); }
+inline bool operator==(const char *left, const CString &right) { return CString(left) == right; }
+inline bool operator==(const CString &left, wchar_t right) { return left.size() == 1 && left.front() == right; }
+inline bool operator==(wchar_t left, const CString &right) { return right == left; }
+inline bool operator!=(const CString &left, const char *right) { return !(left == right); }
+inline bool operator!=(const char *left, const CString &right) { return !(left == right); }
+inline bool operator!=(const CString &left, wchar_t right) { return !(left == right); }
+inline bool operator!=(wchar_t left, const CString &right) { return !(left == right); }
+
+/// A string hashes as the text it is.
+template<>
+struct std::hash<CString> : std::hash<std::wstring>
+{
+};
 
 // ---- stand-alone helpers -------------------------------------------------------------------------------
 
-/// Copies a text with its terminating zero; `destination` must have the room. Does nothing when either
-/// pointer is null. \return `destination`
+/// Copies a text with its terminating zero; `destination` must have the room, and may lie before `source` in
+/// the same text. Does nothing when either pointer is null. \return `destination`
 KX_EXPORT wchar_t *_tkxstrcpy(wchar_t *destination, const wchar_t *source);
 
 /// Changes the case of a text without letting an exception out.

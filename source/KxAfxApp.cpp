@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "KxAfxApp.h"
 
-#include "KxAfxWin.h"
+#include "KxAfxWin_p.h"
 #include "KxSettings_p.h"
 #include "KxText_p.h"
 
@@ -20,7 +20,7 @@ CWnd *AfxGetMainWnd()
 HWND lumo_tnorMainWnd()
 {
     const CWnd *window = AfxGetMainWnd();
-    return window ? window->GetSafeHwnd() : nullptr;
+    return isSmallHandle(window) ? nullptr : window->GetSafeHwnd();
 }
 
 CWinApp::CWinApp(const wchar_t *)

@@ -29,7 +29,7 @@ void CDataExchange::Fail()
 
 HWND CDataExchange::PrepareEditCtrl(int nIDC)
 {
-    const CWnd *control = m_pDlgWnd ? m_pDlgWnd->GetDlgItem(nIDC) : nullptr;
+    const CWnd *control = isSmallHandle(m_pDlgWnd) ? nullptr : m_pDlgWnd->GetDlgItem(nIDC);
     return control ? control->GetSafeHwnd() : nullptr;
 }
 
@@ -38,7 +38,7 @@ namespace {
 /// The control of an exchange when it can be reached, otherwise null.
 CWnd *exchangedControl(const CDataExchange *exchange, int id)
 {
-    if (!exchange || !exchange->m_pDlgWnd || !exchange->m_pDlgWnd->m_hWnd)
+    if (!exchange || isSmallHandle(exchange->m_pDlgWnd) || !exchange->m_pDlgWnd->m_hWnd)
         return nullptr;
     CWnd *control = exchange->m_pDlgWnd->GetDlgItem(id);
     return control && boundBlock(control) ? control : nullptr;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "KxAfxGlobal.h"
 
-#include "KxAfxWin.h"
+#include "KxAfxWin_p.h"
 #include "KxPlatformBase.h"
 #include "KxText_p.h"
 
@@ -32,7 +32,7 @@ HWND GetParent(HWND hWnd)
 {
     const CWnd *window = CWnd::FromHandle(hWnd);
     const CWnd *parent = window ? window->GetParent() : nullptr;
-    return parent ? parent->GetSafeHwnd() : nullptr;
+    return isSmallHandle(parent) ? nullptr : parent->GetSafeHwnd();
 }
 
 BOOL GetWindowRect(HWND hWnd, tagRECT *lpRect)

@@ -77,15 +77,19 @@ CWnd::~CWnd()
     CWndPrivate *d = d_ptr;
     if (d->widget && !d->keepWidget)
         delete d->widget;
-    if (m_hWnd)
-        CWndHandleTable.erase(m_hWnd);
+    const auto entry = CWndHandleTable.find(m_hWnd);
+    if (entry != CWndHandleTable.end()) {
+        CWnd *named = entry->second;
+        CWndHandleTable.erase(entry);
+        if (named != this && !named->d_ptr->keepObject)
+            unreachableWrappers.add(named);
+    }
     for (const auto &item : d->items) {
         CWnd *window = FromHandle(item.second);
         if (window && !window->d_ptr->keepObject)
             delete window;
     }
-    if (!d->keepObject)
-        unreachableWrappers.remove(this);
+    unreachableWrappers.remove(this);
     delete d->dc;
     delete d;
 }
@@ -297,6 +301,14 @@ int CWnd::GetDlgItemTextW(int nID, CString &rString) const
         return 0;
     item->GetWindowTextW(rString);
     return rString.GetLength();
+}
+
+int CWnd::GetDlgItemTextW(int nID, wchar_t *lpStr, int nMaxCount) const
+{
+    if (isSmallHandle(this))
+        return smallHandleResult<int>(this);
+    const CWnd *item = GetDlgItem(nID);
+    return item ? item->GetWindowTextW(lpStr, nMaxCount) : 0;
 }
 
 void CWnd::SetDlgItemTextW(int nID, const wchar_t *lpszString)

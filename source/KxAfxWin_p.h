@@ -51,7 +51,11 @@ template<class Widget = QWidget>
 Widget *boundWidget(const CWnd *window)
 {
     const CWndPrivate *d = privateBlock(window);
-    return d && window->m_hWnd ? qobject_cast<Widget *>(d->widget) : nullptr;
+    QWidget *widget = d && window->m_hWnd ? d->widget : nullptr;
+    if constexpr (std::is_same_v<Widget, QWidget>)
+        return widget;
+    else
+        return qobject_cast<Widget *>(widget);
 }
 
 /// The private block of a bound window, otherwise null.

@@ -105,6 +105,7 @@ int MessageBoxW(const wchar_t *lpText, const wchar_t *lpCaption, UINT uType)
     setButtonText(QMessageBox::Cancel, QObject::tr("&Cancel"));
     setButtonText(QMessageBox::No, QObject::tr("&No"));
     setButtonText(QMessageBox::Yes, QObject::tr("&Yes"));
+    box.setTextFormat(Qt::PlainText);
     if (!lpCaption)
         box.setWindowTitle(QStringLiteral("TORVA."));
     box.setWindowFlags(box.windowFlags() | Qt::WindowStaysOnTopHint);

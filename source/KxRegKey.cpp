@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t pathRoom = 2049;
 
 /// Enters the groups of a key path.
-void enterKey(QSettings *settings, const wchar_t *path)
+void enterKey(KxSettings *settings, const wchar_t *path)
 {
     settings->beginGroup(toQString(path).replace(QLatin1Char('\\'), QLatin1Char('/')));
 }

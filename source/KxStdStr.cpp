@@ -52,12 +52,12 @@ void formatText(std::wstring &result, const wchar_t *format, va_list arguments)
 template<class Change>
 bool changeOrRestore(CString &text, Change change)
 {
-    const CString before = text;
+    CString before = text;
     try {
         change(text);
         return false;
     } catch (...) {
-        text = before;
+        text.swap(before);
         return true;
     }
 }
@@ -177,6 +177,17 @@ void CStdStr<wchar_t>::AppendFormatV(const wchar_t *format, va_list arguments)
 }
 
 template<>
+void CStdStr<wchar_t>::AppendFormat(unsigned int formatId, ...)
+{
+    CStdStr format;
+    format.LoadStringW(formatId);
+    va_list arguments;
+    va_start(arguments, formatId);
+    AppendFormatV(format, arguments);
+    va_end(arguments);
+}
+
+template<>
 void CStdStr<wchar_t>::AppendFormat(const wchar_t *format, ...)
 {
     va_list arguments;
@@ -188,9 +199,9 @@ void CStdStr<wchar_t>::AppendFormat(const wchar_t *format, ...)
 template<>
 bool CStdStr<wchar_t>::LoadStringW(HINSTANCE module, unsigned int id)
 {
-    wchar_t *buffer = GetBuffer(resourceTextRoom);
+    wchar_t buffer[resourceTextRoom];
     const int length = ::LoadStringW(module ? module : AfxGetResourceHandle(), id, buffer, resourceTextRoom);
-    ReleaseBuffer(-1);
+    assign(buffer);
     return length > 0;
 }
 
@@ -204,7 +215,12 @@ template class CStdStr<wchar_t>;
 
 wchar_t *_tkxstrcpy(wchar_t *destination, const wchar_t *source)
 {
-    return destination && source ? std::wcscpy(destination, source) : destination;
+    if (destination && source) {
+        const std::size_t length = std::wcslen(source);
+        std::copy(source, source + length, destination);
+        destination[length] = 0;
+    }
+    return destination;
 }
 
 bool KxErrorEat::strMakeUpper(CString &text)

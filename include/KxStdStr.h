@@ -383,10 +383,11 @@ template<class CT>
 CStdStr<CT> &CStdStr<CT>::TrimLeft()
 {
     const std::locale locale;
-    const CT *begin = this->data();
-    const CT *end = begin + this->size();
-    const CT *first = std::use_facet<std::ctype<CT>>(locale).scan_not(std::ctype_base::space, begin, end);
-    this->erase(0, std::size_t(first - begin));
+    const auto &characters = std::use_facet<std::ctype<CT>>(locale);
+    std::size_t blanks = 0;
+    while (blanks < this->size() && characters.is(std::ctype_base::space, this->data()[blanks]))
+        ++blanks;
+    this->erase(0, blanks);
     return *this;
 }
 
@@ -419,13 +420,17 @@ CStdStr<CT> &CStdStr<CT>::trimRight(View targets)
 template<class CT>
 void CStdStr<CT>::toUpper(const std::locale &locale)
 {
-    std::use_facet<std::ctype<CT>>(locale).toupper(this->data(), this->data() + this->size());
+    const auto &characters = std::use_facet<std::ctype<CT>>(locale);
+    for (CT &character : *this)
+        character = characters.toupper(character);
 }
 
 template<class CT>
 void CStdStr<CT>::ToLower(const std::locale &locale)
 {
-    std::use_facet<std::ctype<CT>>(locale).tolower(this->data(), this->data() + this->size());
+    const auto &characters = std::use_facet<std::ctype<CT>>(locale);
+    for (CT &character : *this)
+        character = characters.tolower(character);
 }
 
 template<class CT>

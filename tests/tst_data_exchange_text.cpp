@@ -104,6 +104,8 @@ public:
     std::wstring received;
 };
 
+constexpr char needsCommaLocale[] = "needs a locale with a decimal comma: the build makes one";
+
 /// A comma as the decimal point of the C library, for its own lifetime.
 class CommaLocale
 {
@@ -374,22 +376,22 @@ void DataExchangeTextTest::numbersHaveAPoint_data()
 
     QTest::newRow("under a C locale with a comma, a double loads with a point") << Promise([] {
         const CommaLocale locale;
-        QVERIFY2(locale.isActive(), "needs a locale with a decimal comma; scripts/setup makes de_DE.UTF-8");
+        QVERIFY2(locale.isActive(), needsCommaLocale);
         QCOMPARE(runNumber<double>(false, QString(), QStringLiteral("2.5")), QStringLiteral("2.500000"));
     });
     QTest::newRow("under a C locale with a comma, a float loads with a point") << Promise([] {
         const CommaLocale locale;
-        QVERIFY2(locale.isActive(), "needs a locale with a decimal comma; scripts/setup makes de_DE.UTF-8");
+        QVERIFY2(locale.isActive(), needsCommaLocale);
         QCOMPARE(runNumber<float>(false, QString(), QStringLiteral("1.5")), QStringLiteral("1.500000"));
     });
     QTest::newRow("under a C locale with a comma, a double saves the fraction behind a point") << Promise([] {
         const CommaLocale locale;
-        QVERIFY2(locale.isActive(), "needs a locale with a decimal comma; scripts/setup makes de_DE.UTF-8");
+        QVERIFY2(locale.isActive(), needsCommaLocale);
         QCOMPARE(runNumber<double>(true, QStringLiteral("2.5"), QStringLiteral("1")), QStringLiteral("2.5"));
     });
     QTest::newRow("under a C locale with a comma, the comma ends a number") << Promise([] {
         const CommaLocale locale;
-        QVERIFY2(locale.isActive(), "needs a locale with a decimal comma; scripts/setup makes de_DE.UTF-8");
+        QVERIFY2(locale.isActive(), needsCommaLocale);
         QCOMPARE(runNumber<float>(true, QStringLiteral("2,5"), QStringLiteral("1")), QStringLiteral("2"));
     });
     QTest::newRow("under a Qt locale with a comma, a double loads and saves with a point") << Promise([] {

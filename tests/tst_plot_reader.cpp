@@ -110,6 +110,8 @@ private slots:
     void figures();
     void longFigures_data();
     void longFigures();
+    void circlesAreClosed_data();
+    void circlesAreClosed();
     void areas_data();
     void areas();
     void labels_data();
@@ -365,6 +367,24 @@ void PlotReaderTest::longFigures()
     QCOMPARE(endsText(plot.strokes.front()), expected);
 }
 
+void PlotReaderTest::circlesAreClosed_data()
+{
+    QTest::addColumn<QByteArray>("instructions");
+
+    QTest::newRow("CI") << QByteArray("PU100,100;CI50;");
+    QTest::newRow("CI, uneven chords") << QByteArray("PU.1,.2;CI33.3,7;");
+    QTest::newRow("EW all around") << QByteArray("PU100,100;EW50,17,360;");
+    QTest::newRow("EA") << QByteArray("SC0,3,0,7;PU.1,.2;EA1.7,2.9;");
+}
+
+void PlotReaderTest::circlesAreClosed()
+{
+    QFETCH(QByteArray, instructions);
+    const Plot plot = PlotReader::readBytes(instructions).plot;
+    const QPolygonF &points = plot.strokes.front().points;
+    QVERIFY(points.first().x() == points.last().x() && points.first().y() == points.last().y());
+}
+
 void PlotReaderTest::areas_data()
 {
     QTest::addColumn<QByteArray>("instructions");
@@ -513,6 +533,8 @@ void PlotReaderTest::skipped_data()
     QTest::newRow("SC without a range") << QByteArray("SC5,5,0,1;PU0,0;PD9,9;") << line << 1 << 1;
     QTest::newRow("SC with three numbers") << QByteArray("SC0,1,2;PU0,0;PD9,9;") << line << 1 << 1;
     QTest::newRow("SC past all numbers") << QByteArray("SC0,1e-30,0,1;PU0,0;PD9,9;") << line << 1 << 1;
+    QTest::newRow("SC with a number past all plotters")
+        << QByteArray("SC0,2e9,0,1;PU0,0;PD9,9;") << line << 1 << 1;
     QTest::newRow("IP without extent") << QByteArray("IP5,5,5,9;PU0,0;PD9,9;") << line << 1 << 1;
     QTest::newRow("IP past all plotters") << QByteArray("IP0,0,1e9,1e9;PU0,0;PD9,9;") << line << 1 << 1;
     QTest::newRow("RO45") << QByteArray("RO45;PU0,0;PD9,9;") << line << 1 << 1;
@@ -606,6 +628,7 @@ void PlotReaderTest::penWidth_data()
     QTest::newRow("PW of a pen to come") << QByteArray("PW.7,2;SP2;") << 0.7;
     QTest::newRow("PW without numbers") << QByteArray("SP2;PW.7;PW;") << 0.0;
     QTest::newRow("WU1, PW in percent") << QByteArray("IP0,0,3000,4000;SP2;WU1;PW2;") << 2.5;
+    QTest::newRow("IN brings millimetres back") << QByteArray("WU1;IN;SP2;PW.7;") << 0.7;
     QTest::newRow("IN forgets it") << QByteArray("SP2;PW.7;IN;") << 0.0;
 }
 
@@ -642,23 +665,25 @@ void PlotReaderTest::marksByPen()
 void PlotReaderTest::bounds_data()
 {
     QTest::addColumn<QByteArray>("instructions");
-    QTest::addColumn<QRectF>("expected");
+    QTest::addColumn<QString>("expected");
 
-    QTest::newRow("nothing") << QByteArray("IN;") << QRectF();
-    QTest::newRow("a stroke") << QByteArray("PU10,20;PD40,60;") << QRectF(10, 20, 30, 40);
-    QTest::newRow("an area") << QByteArray("PU10,20;RA40,60;") << QRectF(10, 20, 30, 40);
-    QTest::newRow("a text") << QByteArray("SI.1,.2;PU10,20;LBAB\x03") << QRectF(10, 20, 100, 80);
-    QTest::newRow("a text upwards") << QByteArray("SI.1,.2;DI0,1;PU100,20;LBAB\x03")
-                                    << QRectF(20, 20, 80, 100);
+    QTest::newRow("nothing") << QByteArray("IN;") << "0,0 0,0";
+    QTest::newRow("a stroke") << QByteArray("PU10,20;PD40,60;") << "10,20 40,60";
+    QTest::newRow("an area") << QByteArray("PU10,20;RA40,60;") << "10,20 40,60";
+    QTest::newRow("a text") << QByteArray("SI.1,.2;PU10,20;LBAB\x03") << "10,20 110,100";
+    QTest::newRow("a text upwards") << QByteArray("SI.1,.2;DI0,1;PU100,20;LBAB\x03") << "20,20 100,120";
+    QTest::newRow("a text on a slope")
+        << QByteArray("SI.1,.2;DI1,1;PU0,0;LBAB\x03") << "-56.57,0 70.71,127.28";
     QTest::newRow("pen moves do not count")
-        << QByteArray("PU999,999;PU10,20;PD40,60;PU-999,-999;") << QRectF(10, 20, 30, 40);
+        << QByteArray("PU999,999;PU10,20;PD40,60;PU-999,-999;") << "10,20 40,60";
 }
 
 void PlotReaderTest::bounds()
 {
     QFETCH(QByteArray, instructions);
-    QFETCH(QRectF, expected);
-    QCOMPARE(PlotReader::readBytes(instructions).plot.bounds(), expected);
+    QFETCH(QString, expected);
+    const QRectF bounds = PlotReader::readBytes(instructions).plot.bounds();
+    QCOMPARE(pointsText(QPolygonF(QVector<QPointF>{bounds.topLeft(), bounds.bottomRight()})), expected);
 }
 
 static const QByteArray aBitOfAll =
@@ -721,9 +746,8 @@ void PlotReaderTest::megabyteOfGarbage_data()
     QTest::newRow("circles") << QByteArray("CI9,.5;").repeated(Megabyte / 7);
     QTest::newRow("arcs") << QByteArray("PD;AA0,0,999,.5;").repeated(Megabyte / 16);
     QTest::newRow("dots") << QByteArray("PD;PU;").repeated(Megabyte / 6);
-    QTest::newRow("polygon edges")
-        << QByteArray("PM0;PD") + QByteArray("1,1,").repeated(Megabyte / 8) + ";PM2;"
-               + QByteArray("EP;FP;").repeated(Megabyte / 12);
+    QTest::newRow("polygon edges") << QByteArray("PM0;PD") + QByteArray("1,1,").repeated(Megabyte / 8)
+                                          + ";PM2;" + QByteArray("EP;FP;").repeated(Megabyte / 12);
     QTest::newRow("windows") << QByteArray("IW0,0,1,1;PD2,2;RA3,3;").repeated(Megabyte / 22);
     QTest::newRow("one number") << QByteArray("PD") + QByteArray(Megabyte, '7');
     QTest::newRow("numbers") << QByteArray("PD") + QByteArray("1,").repeated(Megabyte / 2);

@@ -5,8 +5,8 @@
 
 #include <afxwin.h>
 
-#include <QtWidgets/QLabel>
 #include <QtCore/QTimer>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
 

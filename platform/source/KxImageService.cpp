@@ -36,8 +36,6 @@ KxImageService::~KxImageService() = default;
 
 HBITMAP KxImageService::createBitmap(int width, int height)
 {
-    if (width <= 0 || height <= 0)
-        return nullptr;
     auto image = std::make_unique<QImage>(width, height, QImage::Format_ARGB32_Premultiplied);
     if (image->isNull())
         return nullptr;

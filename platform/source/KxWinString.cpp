@@ -57,30 +57,25 @@ void appendDigits(std::string &number, const wchar_t *&text)
         number += static_cast<char>(*text);
 }
 
-/// The part of `text` that is a number, in the C locale's form.
+/// What leads `text` of a number's characters, in the C locale's form. It need not be a whole number yet, but
+/// there is nothing in it that strtod() would read as hexadecimal, infinite or no number.
 std::string leadingNumber(const wchar_t *text)
 {
     std::string number;
     text = skipBlanks(text);
     if (*text == L'-' || *text == L'+')
         number += static_cast<char>(*text++);
-    const std::size_t signLength = number.size();
     appendDigits(number, text);
     if (*text == L'.') {
         number += '.';
         appendDigits(number, ++text);
     }
-    if (number.size() == signLength || number.compare(signLength, std::string::npos, ".") == 0)
-        return std::string();
     if (*text == L'e' || *text == L'E') {
-        std::string exponent("e");
+        number += 'e';
         ++text;
         if (*text == L'-' || *text == L'+')
-            exponent += static_cast<char>(*text++);
-        const std::size_t digits = exponent.size();
-        appendDigits(exponent, text);
-        if (exponent.size() > digits)
-            number += exponent;
+            number += static_cast<char>(*text++);
+        appendDigits(number, text);
     }
     return number;
 }
@@ -104,8 +99,7 @@ double _wtof(const wchar_t *text)
         return 0;
     }
     static const locale_t classic = newlocale(LC_ALL_MASK, "C", nullptr);
-    const std::string number = leadingNumber(text);
-    return number.empty() ? 0 : strtod_l(number.c_str(), nullptr, classic);
+    return strtod_l(leadingNumber(text).c_str(), nullptr, classic);
 }
 
 wchar_t *_wcsinc(const wchar_t *current)

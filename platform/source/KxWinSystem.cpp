@@ -57,6 +57,7 @@ DWORD kxErrorFromErrno(int error)
         return ERROR_INVALID_PARAMETER;
     case ENOSPC:
     case EDQUOT:
+    case EFBIG:
         return ERROR_DISK_FULL;
     case ENOTEMPTY:
         return ERROR_DIR_NOT_EMPTY;

@@ -8,8 +8,8 @@
 class QAction;
 class QWidget;
 
-/// Calls the handlers in a window object's message map when its widgets and actions fire. Dies with the widget
-/// that it is given as a parent, or before the window object does.
+/// Calls the handlers in a window object's message map when its widgets and actions fire. The parent, which
+/// deletes it, has to be gone before the window object is.
 class MessageMapRouter : public QObject
 {
     Q_OBJECT

@@ -8,8 +8,19 @@
 
 namespace {
 
-CString Reason(const PlotReading &reading, LPCTSTR lpszPathName)
+// What Format() makes has room for a thousand characters, paths have more.
+CString Shortened(const CString &strPathName)
 {
+    constexpr int nLongest = 400;
+    if (strPathName.GetLength() <= nLongest)
+        return strPathName;
+    return _T("\u2026") + strPathName.Right(nLongest);
+}
+
+CString Reason(const PlotReading &reading, const CString &strPathName)
+{
+    const CString strShown = Shortened(strPathName);
+    const LPCTSTR lpszPathName = strShown;
     CString strReason;
     switch (reading.result) {
     case PlotReading::Unreadable:

@@ -12,7 +12,7 @@ class CPlotDocument : public CDocument
 {
 public:
     /// Reads a plot file. When that fails the document stays what it was.
-    /// \return FALSE when it failed; strReason then says why, and after a success what was damaged, or nothing
+    /// \return FALSE when it failed; strReason then says why, after a success what was damaged, if anything
     BOOL Open(LPCTSTR lpszPathName, CString &strReason);
 
     const CString &GetPathName() const { return m_strPathName; }

@@ -163,10 +163,10 @@ void PlotPaper::keepStrokeInside(const QRectF &window, const PlotStroke &stroke)
         const QPointF from = points.at(i - 1);
         const QPointF step = points.at(i) - from;
         const InnerPart part(window, from, step);
-        if (part.isEmpty() || part.enter > 0)
+        if (part.isEmpty()) {
             endRun();
-        if (part.isEmpty())
             continue;
+        }
         if (run.isEmpty())
             run.append(part.enter > 0 ? from + step * part.enter : from);
         run.append(part.leave < 1 ? from + step * part.leave : points.at(i));

@@ -24,9 +24,15 @@ END_MESSAGE_MAP()
 
 CPlotPropertiesDialog::CPlotPropertiesDialog(const PlotSheet &sheet, const std::shared_ptr<const Plot> &pPlot,
                                              CWnd *pParent)
-    : CDialog(IDD, pParent), m_pForm(new PlotPropertiesForm(KxWidgetFromHwnd(pParent->GetSafeHwnd()))),
-      m_strTitle(toCString(sheet.title)), m_dScale(sheet.scale), m_nPen(sheet.titlePen), m_bRotate(sheet.rotate),
-      m_nSize(sheet.size), m_nPaper(sheet.paper), m_nMargin(sheet.margin)
+    : CDialog(IDD, pParent)
+    , m_pForm(new PlotPropertiesForm(KxWidgetFromHwnd(pParent->GetSafeHwnd())))
+    , m_strTitle(toCString(sheet.title))
+    , m_dScale(sheet.scale)
+    , m_nPen(sheet.titlePen)
+    , m_bRotate(sheet.rotate)
+    , m_nSize(sheet.size)
+    , m_nPaper(sheet.paper)
+    , m_nMargin(sheet.margin)
 {
     Attach(KxHwndFromWidget(m_pForm));
     SetAutoDelete(true, true);
@@ -55,7 +61,8 @@ BOOL CPlotPropertiesDialog::OnInitDialog()
     SetDlgItemText(IDC_SCALE, toCString(QString::number(m_dScale)));
     ShowMargin();
     ShowPreview();
-    m_pForm->select(IDC_TITLE);
+    GetDlgItem(IDC_TITLE)->SetFocus();
+    m_pForm->selectText(IDC_TITLE);
     // From here on what changes is the user's doing.
     auto *router = new MessageMapRouter(this, GetThisMessageMap(), m_pForm);
     for (const auto &[id, widget] : m_pForm->controls())
@@ -97,8 +104,8 @@ void CPlotPropertiesDialog::OnHScroll(UINT nSBCode, UINT nPos, CScrollBar *pScro
     ShowMargin();
 }
 
-// An exchange goes on after Fail(), and it takes the leading number of any text; so the checks stand behind it
-// and look at the texts too. The user is told of one mistake at a time.
+// An exchange goes on after Fail(), and it takes the leading number of any text; so the checks stand behind
+// it and look at the texts too. The user is told of one mistake at a time.
 void CPlotPropertiesDialog::Validate(CDataExchange *pDX)
 {
     CString strReason;
@@ -122,8 +129,10 @@ void CPlotPropertiesDialog::Refuse(CDataExchange *pDX, int nID, const CString &s
     CString strCaption;
     strCaption.LoadString(IDS_PROPERTIES_CAPTION);
     MessageBox(strReason, strCaption, MB_OK | MB_ICONEXCLAMATION);
-    pDX->PrepareEditCtrl(nID);
-    m_pForm->select(static_cast<UINT>(nID));
+    // A message box belongs to no window, so that none is sure to become active when it closes.
+    m_pForm->activateWindow();
+    CWnd::FromHandle(pDX->PrepareEditCtrl(nID))->SetFocus();
+    m_pForm->selectText(static_cast<UINT>(nID));
     pDX->Fail();
 }
 

@@ -62,14 +62,10 @@ PlotPropertiesForm::PlotPropertiesForm(QWidget *parent) : QBaseDialog(parent), m
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-void PlotPropertiesForm::select(UINT id)
+void PlotPropertiesForm::selectText(UINT id)
 {
-    // A message box belongs to no window, so that none is sure to become active when it closes.
-    activateWindow();
-    if (auto *edit = qobject_cast<QLineEdit *>(m_controls.at(id))) {
-        edit->setFocus();
+    if (auto *edit = qobject_cast<QLineEdit *>(m_controls.at(id)))
         edit->selectAll();
-    }
 }
 
 void PlotPropertiesForm::OnCancel()

@@ -26,8 +26,8 @@ public:
     const std::map<UINT, QWidget *> &controls() const { return m_controls; }
     PlotCanvas *preview() const { return m_preview; }
 
-    /// Puts the focus on an edit and marks its text, to be typed over.
-    void select(UINT id);
+    /// Marks the text of an edit, to be typed over.
+    void selectText(UINT id);
 
     void OnCancel() override;
 

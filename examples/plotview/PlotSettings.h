@@ -5,8 +5,8 @@
 
 #include "PlotSheet.h"
 
-/// What the program remembers of the plot properties: whole numbers in the profile, texts in the registry. The
-/// title belongs to the plot, by its file name; the rest to all of them.
+/// What the program remembers of the plot properties: whole numbers in the profile, texts in the registry.
+/// The title belongs to the plot, by its file name; the rest to all of them.
 class CPlotSettings
 {
 public:

@@ -15,8 +15,8 @@ constexpr double PenWidth = 0.35;           // millimetres, as are all lengths h
 constexpr double TitleHeight = 14;
 constexpr double TitleLetterHeight = 4.2;
 constexpr double FittedSide = 297;
-constexpr int MostHatchLines = 2000;
-constexpr double MostHatchWork = 2e7;       // lines times corners
+constexpr double MostHatchLines = 2e5;      // of all areas
+constexpr double MostHatchWork = 5e7;       // lines times corners
 
 constexpr QRgb paperColours[PlotSheet::PaperCount] = {0xfffdfdfb, 0xfff8f1dd, 0xfffbfcf6, 0xff1d4077};
 constexpr QRgb penColours[PlotSheet::PenCount] = {
@@ -245,7 +245,8 @@ void PlotSheetPainter::paintArea(QPainter &painter, const PlotArea &area) const
         corners += outline.size();
     }
     const double spacing = area.spacing * m_millimetresPerUnit;
-    const double lines = std::hypot(box.width(), box.height()) / spacing;
+    const double areas = static_cast<double>(m_plot.areas.size());
+    const double lines = areas * std::hypot(box.width(), box.height()) / spacing;
     const bool isTooFine = !(lines <= MostHatchLines && lines * corners <= MostHatchWork);
     if (area.fill == PlotArea::Solid || isTooFine) {
         QPainterPath path;

@@ -56,9 +56,9 @@ int main(int argc, char **argv)
     const QCommandLineOption render(QStringLiteral("render"),
                                     QStringLiteral("Renders the main window to a picture and ends."),
                                     QStringLiteral("picture"));
-    const QCommandLineOption renderProperties(
-        QStringLiteral("render-dialog"), QStringLiteral("Renders the properties dialog to a picture and ends."),
-        QStringLiteral("picture"));
+    const QCommandLineOption renderProperties(QStringLiteral("render-dialog"),
+                                              QStringLiteral("Renders the properties dialog, likewise."),
+                                              QStringLiteral("picture"));
     parser.addOptions({render, renderProperties});
     parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("The plot to open."),
                                  QStringLiteral("[file]"));

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# A locale with a decimal comma, in a folder of the build: a machine seldom has one ready. Only the tests that
-# need it look there, since glibc loses memory in newlocale() where LOCPATH is set.
+# A locale with a decimal comma, in a folder of the build: a machine seldom has one ready. CommaLocale looks for it
+# there.
 
 set(KX_TEST_LOCALES "${CMAKE_CURRENT_BINARY_DIR}/locales")
 find_program(KX_LOCALEDEF localedef REQUIRED)
@@ -11,8 +11,8 @@ add_custom_command(OUTPUT "${KX_TEST_LOCALES}/de_DE.UTF-8/LC_NUMERIC"
     VERBATIM)
 add_custom_target(test_locales ALL DEPENDS "${KX_TEST_LOCALES}/de_DE.UTF-8/LC_NUMERIC")
 
-foreach(test IN ITEMS data_exchange_text)
+foreach(test IN ITEMS data_exchange_text platform_text)
     if(TARGET tst_${test})
-        set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT "LOCPATH=${KX_TEST_LOCALES}")
+        target_compile_definitions(tst_${test} PRIVATE "KX_TEST_LOCALES=\"${KX_TEST_LOCALES}\"")
     endif()
 endforeach()

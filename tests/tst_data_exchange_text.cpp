@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Dialog data exchange of numbers and texts.
 
+#include "KxCommaLocale.h"
 #include "KxExchangeForm.h"
 #include "KxTestCase.h"
 
@@ -105,25 +106,6 @@ public:
 };
 
 constexpr char needsCommaLocale[] = "needs a locale with a decimal comma: the build makes one";
-
-/// A comma as the decimal point of the C library, for its own lifetime.
-class CommaLocale
-{
-public:
-    CommaLocale() : m_before(std::setlocale(LC_NUMERIC, nullptr))
-    {
-        for (const char *name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "nl_NL.UTF-8", "da_DK.UTF-8"}) {
-            if (std::setlocale(LC_NUMERIC, name))
-                break;
-        }
-    }
-    ~CommaLocale() { std::setlocale(LC_NUMERIC, m_before.c_str()); }
-
-    bool isActive() const { return std::string(std::localeconv()->decimal_point) == ","; }
-
-private:
-    std::string m_before;
-};
 
 } // namespace
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "KxCommaLocale.h"
 #include "KxTestCase.h"
 #include "KxWinString.h"
 
@@ -176,11 +177,8 @@ void tst_PlatformText::wtofOfNull()
 
 void tst_PlatformText::wtofInALocaleWithACommaInNumbers()
 {
-    const QByteArray before = setlocale(LC_NUMERIC, nullptr);
-    const auto restore = qScopeGuard([&before] { setlocale(LC_NUMERIC, before.constData()); });
-    setlocale(LC_NUMERIC, "de_DE.UTF-8");
-    if (std::wcstod(L"2,5", nullptr) != 2.5)
-        QSKIP("this machine has no de_DE.UTF-8");
+    const CommaLocale locale;
+    QVERIFY(locale.isActive());
     QCOMPARE(_wtof(L"2.5"), 2.5);
     QCOMPARE(_wtof(L"2,5"), 2.0);
 }

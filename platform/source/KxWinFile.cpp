@@ -162,14 +162,15 @@ bool copyContents(int source, int target)
 /// for the copy onto itself; a target that this call made does not outlast a failure
 int copyFile(const char *from, const char *to, bool failIfExists)
 {
-    const Descriptor source(::open(from, O_RDONLY | O_CLOEXEC | O_NOCTTY));
+    // Without O_NONBLOCK a pipe would hold the call until it has another end.
+    const Descriptor source(::open(from, O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
     struct stat sourceStatus = {};
     if (!source.isOpen() || fstat(source, &sourceStatus) != 0)
         return errno;
     if (!S_ISREG(sourceStatus.st_mode))
         return S_ISDIR(sourceStatus.st_mode) ? EISDIR : EINVAL;
 
-    constexpr int flags = O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY;
+    constexpr int flags = O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
     const mode_t mode = sourceStatus.st_mode & 0777;
     int opened = ::open(to, flags | O_EXCL, mode);
     const bool isNew = opened >= 0;

@@ -211,6 +211,7 @@ private slots:
     void dialogKeepsTheSheet();
     void dialogChangesTheSheet_data();
     void dialogChangesTheSheet();
+    void dialogLeavesNoWidgets();
     void dialogRemembers();
     void titleBelongsToThePlot();
     void damagedSettings_data();
@@ -509,6 +510,14 @@ void PlotViewTest::dialogChangesTheSheet()
     });
 }
 
+void PlotViewTest::dialogLeavesNoWidgets()
+{
+    Program program;
+    program.inProperties([](PlotPropertiesForm &dialog) { click(dialog, IDOK); });
+    program.inProperties([](PlotPropertiesForm &dialog) { click(dialog, IDCANCEL); });
+    QVERIFY(program.form().findChildren<PlotPropertiesForm *>().isEmpty());
+}
+
 void PlotViewTest::dialogRemembers()
 {
     store().clear();
@@ -612,6 +621,7 @@ void PlotViewTest::failingExchange_data()
     QTest::newRow("scale in words") << IDC_SCALE << "half" << noNumber;
     QTest::newRow("scale with a unit") << IDC_SCALE << "2 mm" << noNumber;
     QTest::newRow("scale with a comma") << IDC_SCALE << "2,5" << noNumber;
+    QTest::newRow("scale in thousands") << IDC_SCALE << "1,000" << noNumber;
     QTest::newRow("no scale") << IDC_SCALE << "" << noNumber;
     QTest::newRow("pen 0") << IDC_PEN << "0" << noPen;
     QTest::newRow("pen 9") << IDC_PEN << "9" << noPen;

@@ -17,7 +17,8 @@ protected:
     /// Announces one warning of the current row; `pattern` is a regular expression.
     static void expectWarning(const QString &pattern) { s_expected.append(pattern); }
 
-private slots:
+protected slots:
+    // A test class with an init() or cleanup() of its own calls these from it.
     void init();
     void cleanup();
 

@@ -62,7 +62,7 @@ KX_EXPORT HCURSOR GetCursor();
 
 // ---- drawing and palettes ------------------------------------------------------------------------------
 
-KX_INERT("returns null; use CBrush")
+KX_INERT("returns null; no brush is made")
 KX_EXPORT HBRUSH CreateSolidBrush(COLORREF color);
 KX_INERT("returns null")
 KX_EXPORT HDC CreateICW(const wchar_t *lpszDriver, const wchar_t *lpszDevice, const wchar_t *lpszPort,

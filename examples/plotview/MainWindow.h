@@ -10,7 +10,7 @@
 
 class PlotMainForm;
 
-/// The main window: shows the document, carries the menu's commands out.
+/// The main window: shows the plot, carries the menu's commands out.
 class CMainWindow : public CWnd
 {
 public:

@@ -11,7 +11,7 @@
 class CPlotDocument : public CDocument
 {
 public:
-    /// Reads a plot file. When that fails the document stays what it was.
+    /// Reads a plot file. When that fails the plot stays what it was.
     /// \return FALSE when it failed; strReason then says why, after a success what was damaged, if anything
     BOOL Open(LPCTSTR lpszPathName, CString &strReason);
 

@@ -3,7 +3,6 @@
 
 #include "PlotReader.h"
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QRandomGenerator>
 
 #include <cmath>
@@ -756,15 +755,12 @@ void PlotReaderTest::megabyteOfGarbage_data()
     QTest::newRow("line feeds in a label") << QByteArray("LB") + QByteArray(Megabyte, '\n') + '\x03';
 }
 
-// Nothing to compare with: it has to come to an end in time, with what it holds in bounds.
+// Nothing to compare with: it has to come to an end, which the time limit of the suite sees to, with what it holds
+// in bounds.
 void PlotReaderTest::megabyteOfGarbage()
 {
     QFETCH(QByteArray, bytes);
-    constexpr int Patience = 20000; // milliseconds, for the slowest of instrumented builds
-    QElapsedTimer timer;
-    timer.start();
     const Plot plot = PlotReader::readBytes(bytes).plot;
-    QVERIFY2(timer.elapsed() < Patience, qPrintable(QString::number(timer.elapsed())));
 
     qint64 points = 0;
     for (const PlotStroke &stroke : plot.strokes) {

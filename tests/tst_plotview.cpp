@@ -13,7 +13,6 @@
 #include "ResourceText.h"
 #include "StrokeFont.h"
 
-#include <QtCore/QElapsedTimer>
 #include <QtGui/QPainter>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QAction>
@@ -828,7 +827,7 @@ void PlotViewTest::paintsAnyPlot_data()
     QTest::newRow("fine dashes") << QByteArray("LT1,.000001;PU0,0;PD9000,9000;LT2,.01;PD0,9000;LT6,0;PD0,0;");
     QTest::newRow("fine hatching") << QByteArray("FT3,.000001,45;PU0,0;RA9000,9000;FT4,1e-300;RA8000,8000;");
     QTest::newRow("many hatched areas")
-        << QByteArray("PU0,0;") + QByteArray("FT4,20,45;RA9000,9000;").repeated(300);
+        << QByteArray("PU0,0;") + QByteArray("FT4,20,45;RA9000,9000;").repeated(60);
     QTest::newRow("too many hatched areas")
         << QByteArray("PU0,0;") + QByteArray("FT4,20,45;RA9000,9000;").repeated(2000);
     QTest::newRow("huge letters") << QByteArray("PU0,0;PD9,9;SI20000,20000;LBhuge\x03");
@@ -847,16 +846,15 @@ void PlotViewTest::paintsAnyPlot()
     const Plot plot = PlotReader::readBytes(instructions).plot;
     QVERIFY(!plot.isBlank());
     PlotSheet sheet;
-    QElapsedTimer timer;
-    timer.start();
     for (const double scale : {1.0, 0.001, PlotSheet::LargestScale}) {
         sheet.scale = scale;
         QImage image(300, 300, QImage::Format_RGB32);
+        image.fill(Qt::magenta);
+        const QImage unpainted = image;
         QPainter painter(&image);
         PlotSheetPainter(plot, sheet).paint(painter, QRectF(image.rect()));
+        QVERIFY(image != unpainted);
     }
-    constexpr int Patience = 20000; // milliseconds, for the slowest of instrumented builds
-    QVERIFY2(timer.elapsed() < Patience, qPrintable(QString::number(timer.elapsed())));
 }
 
 void PlotViewTest::everyPrintableCharacterHasAGlyph()

@@ -6,7 +6,9 @@
 
 #include "KxAfx.h"
 #include "KxAfxApp.h"
+#include "KxAfxColl.h"
 #include "KxAfxDDX.h"
+#include "KxAfxFile.h"
 #include "KxAfxGDI.h"
 #include "KxAfxGeometry.h"
 #include "KxAfxGlobal.h"

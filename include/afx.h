@@ -2,9 +2,11 @@
 #pragma once
 
 /// \file
-/// MFC's core: CObject, strings, macros, Win32.
+/// MFC's core: CObject, strings, collections, files, macros, Win32.
 
 #include "KxAfx.h"
+#include "KxAfxColl.h"
+#include "KxAfxFile.h"
 #include "KxAfxGeometry.h"
 #include "KxStdStr.h"
 #include "windows.h"

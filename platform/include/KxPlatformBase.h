@@ -6,6 +6,7 @@
 
 #include "KxPlatformServices.h"
 #include "KxWinFile.h"
+#include "KxWinMemory.h"
 #include "KxWinModule.h"
 #include "KxWinResource.h"
 #include "KxWinString.h"

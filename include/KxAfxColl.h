@@ -27,10 +27,10 @@ inline void AfxThrowInvalidArgException() noexcept {}
 template<class Element>
 struct KxArrayBlock
 {
-    Element *elements = nullptr; ///< Null when there are no slots.
-    long size = 0;               ///< Elements; for strings, the slots behind them are raw.
-    long slots = 0;
-    long growBy = 0;             ///< Slots to add when they run out; 0 asks for the computed number.
+    Element *elements = nullptr; ///< Null when there is no room.
+    long size = 0;               ///< Elements; for strings, the room behind them is raw.
+    long capacity = 0;
+    long growBy = 0;             ///< Elements to make room for when it runs out; 0 asks for the computed number.
 
     KxArrayBlock() noexcept {}
     ~KxArrayBlock();

@@ -100,7 +100,7 @@ void KxArrayBlock<Element>::relocate(long newSlots)
     relocateElements(block, elements, size);
     release(0);
     elements = block;
-    slots = newSlots;
+    capacity = newSlots;
 }
 
 /// Makes sure of slots for `newSize` elements.
@@ -109,11 +109,11 @@ void KxArrayBlock<Element>::reserve(long newSize)
 {
     if (!elements) {
         relocate(newSize);
-    } else if (newSize > slots) {
+    } else if (newSize > capacity) {
         const long step = growBy != 0 ? growBy : computedGrowStep<Element>(size);
-        const auto grown = static_cast<unsigned long>(slots) + static_cast<unsigned long>(step);
+        const auto grown = static_cast<unsigned long>(capacity) + static_cast<unsigned long>(step);
         const long newSlots = std::max(static_cast<long>(grown), newSize);
-        if (newSlots < slots)
+        if (newSlots < capacity)
             AfxThrowInvalidArgException();
         relocate(newSlots);
     }
@@ -129,7 +129,7 @@ void KxArrayBlock<Element>::setSize(long newSize, long newGrowBy)
     if (newSize == 0) {
         release(size);
         elements = nullptr;
-        slots = 0;
+        capacity = 0;
     } else {
         reserve(newSize);
         if (newSize > size)
@@ -143,7 +143,7 @@ void KxArrayBlock<Element>::setSize(long newSize, long newGrowBy)
 template<class Element>
 void KxArrayBlock<Element>::freeExtra()
 {
-    if (size != slots)
+    if (size != capacity)
         relocate(size);
 }
 

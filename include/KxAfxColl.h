@@ -6,6 +6,9 @@
 #include "KxStdStr.h"
 #include "KxWinTypes.h"
 
+#include <type_traits>
+#include <utility>
+
 /// \file
 /// The collections: the arrays CStringArray, CWordArray, CByteArray and CPtrArray, the list CStringList, the
 /// map CMapStringToPtr and the block chain CPlex that the last two are carved from. CMapStringToString is
@@ -30,7 +33,7 @@ struct KxArrayBlock
     Element *elements = nullptr; ///< Null when there is no room.
     long size = 0;               ///< Elements; for strings, the room behind them is raw.
     long capacity = 0;
-    long growBy = 0;             ///< Elements to make room for when it runs out; 0 asks for the computed number.
+    long growBy = 0;             ///< Elements to make room for at a time; 0 asks for the computed number.
 
     KxArrayBlock() noexcept {}
     ~KxArrayBlock();
@@ -48,7 +51,18 @@ struct KxArrayBlock
     long append(const KxArrayBlock &source);
     void copy(const KxArrayBlock &source);
     void setAtGrow(long index, Element value);
-    long add(Element value);
+    long add(Element value)
+    {
+        if constexpr (std::is_trivial_v<Element>) {
+            if (static_cast<unsigned long>(size) < static_cast<unsigned long>(capacity)) {
+                elements[size] = value;
+                return size++;
+            }
+        }
+        const long index = size;
+        setAtGrow(index, std::move(value));
+        return index;
+    }
     Element *insertGap(long index, long count);
     void insert(long index, Element value, long count);
     void insert(long index, const KxArrayBlock *source);
@@ -441,7 +455,8 @@ protected:
     long m_nBlockSize;
 
 private:
-    POSITION insert(CNode *pPrev, CNode *pNext, CString text);
+    template<class Text>
+    POSITION insert(CNode *pPrev, CNode *pNext, const Text &text);
     static POSITION position(CNode *node) { return reinterpret_cast<POSITION>(node); }
     static CNode *node(POSITION position)
     {

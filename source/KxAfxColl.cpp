@@ -178,14 +178,6 @@ void KxArrayBlock<Element>::setAtGrow(long index, Element value)
     elements[index] = std::move(value);
 }
 
-template<class Element>
-long KxArrayBlock<Element>::add(Element value)
-{
-    const long index = size;
-    setAtGrow(index, std::move(value));
-    return index;
-}
-
 /// \return where the gap begins; null when there is none, for a wrong index or count
 template<class Element>
 Element *KxArrayBlock<Element>::insertGap(long index, long count)
@@ -300,6 +292,28 @@ const wchar_t *orEmpty(const wchar_t *text)
     return text ? text : L"";
 }
 
+/// A key to look for, with its length and hash.
+struct SoughtKey
+{
+    explicit SoughtKey(const wchar_t *key) : text(orEmpty(key))
+    {
+        for (; text[length]; ++length)
+            hash = hash * 33 + static_cast<unsigned int>(text[length]);
+    }
+
+    /// Keys of a kind mostly differ at their ends, so these are compared first.
+    bool isKeyOf(const CMapStringToPtr::CAssoc &element) const
+    {
+        return length < std::size(element.key) && element.key[length] == 0
+            && (length == 0 || element.key[length - 1] == text[length - 1])
+            && std::wmemcmp(element.key, text, length) == 0;
+    }
+
+    const wchar_t *text;
+    std::size_t length = 0;
+    unsigned int hash = 0;
+};
+
 void freeBlocks(CPlex *&blocks)
 {
     if (blocks)
@@ -312,6 +326,16 @@ void freeBlocks(CPlex *&blocks)
 CStringList::~CStringList()
 {
     RemoveAll();
+}
+
+template<class Text>
+POSITION CStringList::insert(CNode *pPrev, CNode *pNext, const Text &text)
+{
+    CNode *const added = NewNode(pPrev, pNext);
+    added->data = text;
+    (pPrev ? pPrev->pNext : m_pNodeHead) = added;
+    (pNext ? pNext->pPrev : m_pNodeTail) = added;
+    return position(added);
 }
 
 CString CStringList::RemoveHead()
@@ -433,15 +457,6 @@ POSITION CStringList::FindIndex(long nIndex) const
     return position(current);
 }
 
-POSITION CStringList::insert(CNode *pPrev, CNode *pNext, CString text)
-{
-    CNode *const added = NewNode(pPrev, pNext);
-    added->data = std::move(text);
-    (pPrev ? pPrev->pNext : m_pNodeHead) = added;
-    (pNext ? pNext->pPrev : m_pNodeTail) = added;
-    return position(added);
-}
-
 CStringList::CNode *CStringList::NewNode(CNode *pPrev, CNode *pNext)
 {
     CNode *const added = takeFree(m_pNodeFree, m_pBlocks, m_nBlockSize);
@@ -515,9 +530,10 @@ bool CMapStringToPtr::RemoveKey(const wchar_t *key)
 {
     if (!m_pHashTable)
         return false;
-    for (CAssoc **link = &m_pHashTable[HashKey(key) % m_nHashTableSize]; *link; link = &(*link)->pNext) {
+    const SoughtKey sought(key);
+    for (CAssoc **link = &m_pHashTable[sought.hash % m_nHashTableSize]; *link; link = &(*link)->pNext) {
         CAssoc *const found = *link;
-        if (std::wcscmp(found->key, orEmpty(key)) == 0) {
+        if (sought.isKeyOf(*found)) {
             *link = found->pNext;
             FreeAssoc(found);
             return true;
@@ -557,10 +573,7 @@ void CMapStringToPtr::GetNextAssoc(POSITION &rNextPosition, CString &rKey, void 
 
 unsigned int CMapStringToPtr::HashKey(const wchar_t *key) const
 {
-    unsigned int hash = 0;
-    for (const wchar_t *character = orEmpty(key); *character; ++character)
-        hash = hash * 33 + static_cast<unsigned int>(*character);
-    return hash;
+    return SoughtKey(key).hash;
 }
 
 void CMapStringToPtr::InitHashTable(unsigned int hashSize, bool bAllocNow)
@@ -578,10 +591,11 @@ void CMapStringToPtr::InitHashTable(unsigned int hashSize, bool bAllocNow)
 CMapStringToPtr::CAssoc *CMapStringToPtr::GetAssocAt(const wchar_t *key, unsigned int &nBucket,
                                                      unsigned int &nHash) const
 {
-    nHash = HashKey(key);
+    const SoughtKey sought(key);
+    nHash = sought.hash;
     nBucket = m_nHashTableSize ? nHash % m_nHashTableSize : 0;
     CAssoc *current = m_pHashTable ? m_pHashTable[nBucket] : nullptr;
-    while (current && std::wcscmp(current->key, orEmpty(key)) != 0)
+    while (current && !sought.isKeyOf(*current))
         current = current->pNext;
     return current;
 }

@@ -224,8 +224,9 @@ void CStdioFile::WriteString(const wchar_t *lpsz)
 
 wchar_t *CStdioFile::ReadString(wchar_t *lpsz, unsigned int)
 {
-    const QString line = m_pStream->stream.readLine();
-    lpsz[line.toWCharArray(lpsz)] = 0;
+    QString &line = m_pStream->line;
+    m_pStream->stream.readLineInto(&line);
+    lpsz[copyText(line, lpsz)] = 0;
     return lpsz;
 }
 
@@ -233,8 +234,7 @@ bool CStdioFile::ReadString(CString &rString)
 {
     QString &line = m_pStream->line;
     m_pStream->stream.readLineInto(&line);
-    rString.resize(static_cast<std::size_t>(line.size()));
-    rString.resize(static_cast<std::size_t>(line.toWCharArray(rString.data())));
+    assignText(rString, line);
     return true;
 }
 

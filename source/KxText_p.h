@@ -13,9 +13,17 @@ inline QString toQString(const wchar_t *text)
     return text ? QString::fromWCharArray(text) : QString();
 }
 
+/// QString::toWCharArray(), faster. \return the number of characters, at most `text.size()`
+std::size_t copyText(const QString &text, wchar_t *target);
+
+/// Makes `target` the text, in the memory that it has where that is enough.
+void assignText(CString &target, const QString &text);
+
 inline CString toCString(const QString &text)
 {
-    return CString(text.toStdWString());
+    CString result;
+    assignText(result, text);
+    return result;
 }
 
 /// Fills a caller's buffer as the text calls of Windows' surface do: at most `count` - 1 characters, zeros

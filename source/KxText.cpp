@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#include "KxText_p.h"
+
+std::size_t copyText(const QString &text, wchar_t *target)
+{
+    constexpr int blockSize = 16; // a fixed number, for the compiler to do them together
+    const auto *source = reinterpret_cast<const char16_t *>(text.utf16());
+    const int size = text.size();
+    int done = 0;
+    for (; done + blockSize <= size; done += blockSize) {
+        unsigned int surrogates = 0;
+        for (int i = 0; i < blockSize; ++i) {
+            const char16_t unit = source[done + i];
+            target[done + i] = static_cast<wchar_t>(unit);
+            surrogates |= (unit & 0xF800U) == 0xD800U;
+        }
+        if (surrogates)
+            return static_cast<std::size_t>(text.toWCharArray(target));
+    }
+    for (; done < size; ++done) {
+        if (QChar::isSurrogate(source[done]))
+            return static_cast<std::size_t>(text.toWCharArray(target));
+        target[done] = static_cast<wchar_t>(source[done]);
+    }
+    return static_cast<std::size_t>(size);
+}
+
+void assignText(CString &target, const QString &text)
+{
+    target.resize(static_cast<std::size_t>(text.size()));
+    target.resize(copyText(text, target.data()));
+}

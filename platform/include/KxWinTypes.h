@@ -13,6 +13,7 @@
 #include <type_traits>
 
 #include "KxWinBasicTypes.h"
+#include "KxWinCommonControls.h"
 #include "KxWinConstants.h"
 #include "KxWinCrt.h"
 #include "KxWinRecords.h"

@@ -27,6 +27,12 @@ KxGlobalMemory *recordOf(HGLOBAL memory)
     return isFixed(memory) ? record - 1 : record;
 }
 
+/// Of a movable block; a fixed one is there even without bytes.
+bool hasBytes(const KxGlobalMemory *record)
+{
+    return record->data && record->size > 0;
+}
+
 void *allocate(UINT flags, SIZE_T size)
 {
     return flags & GMEM_ZEROINIT ? std::calloc(1, size) : std::malloc(size);
@@ -60,11 +66,13 @@ LPVOID GlobalLock(HGLOBAL memory)
         return nullptr;
     }
     KxGlobalMemory *const record = recordOf(memory);
-    if (!record->data) {
+    if (isFixed(memory))
+        return memory;
+    if (!hasBytes(record)) {
         SetLastError(ERROR_DISCARDED);
         return nullptr;
     }
-    if (!isFixed(memory) && record->locks < UINT8_MAX)
+    if (record->locks < UINT8_MAX)
         ++record->locks;
     return record->data;
 }
@@ -89,7 +97,8 @@ SIZE_T GlobalSize(HGLOBAL memory)
         SetLastError(ERROR_INVALID_HANDLE);
         return 0;
     }
-    return recordOf(memory)->size;
+    const KxGlobalMemory *const record = recordOf(memory);
+    return hasBytes(record) ? record->size : 0;
 }
 
 HGLOBAL GlobalFree(HGLOBAL memory)

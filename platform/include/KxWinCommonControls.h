@@ -1,0 +1,812 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// @file
+/// Win32's common controls: the styles, messages, notifications and records of header, tab control, slider,
+/// up-down control, tool tip, progress bar, image list, tool bar and status bar, with their values and the
+/// layout of 64-bit Windows. List view, tree view and rich edit are in headers of their own, which this one
+/// brings. A wchar_t has 32 bits, so that records with text in them are longer than on Windows.
+/// Include KxWinTypes.h, which brings this header.
+
+#include "KxWinListView.h"
+#include "KxWinNotifications.h"
+#include "KxWinRichEdit.h"
+#include "KxWinTreeView.h"
+
+// ---------------------------------------------------------------------------------------------------------
+// Header
+// ---------------------------------------------------------------------------------------------------------
+
+#define HDS_HORZ 0x0000
+#define HDS_BUTTONS 0x0002
+#define HDS_HOTTRACK 0x0004
+#define HDS_HIDDEN 0x0008
+#define HDS_DRAGDROP 0x0040
+#define HDS_FULLDRAG 0x0080
+#define HDS_FILTERBAR 0x0100
+#define HDS_FLAT 0x0200
+#define HDS_CHECKBOXES 0x0400
+#define HDS_NOSIZING 0x0800
+#define HDS_OVERFLOW 0x1000
+
+#define HDI_WIDTH 0x0001
+#define HDI_HEIGHT 0x0001
+#define HDI_TEXT 0x0002
+#define HDI_FORMAT 0x0004
+#define HDI_LPARAM 0x0008
+#define HDI_BITMAP 0x0010
+#define HDI_IMAGE 0x0020
+#define HDI_DI_SETITEM 0x0040
+#define HDI_ORDER 0x0080
+#define HDI_FILTER 0x0100
+#define HDI_STATE 0x0200
+
+#define HDF_LEFT 0x0000
+#define HDF_RIGHT 0x0001
+#define HDF_CENTER 0x0002
+#define HDF_JUSTIFYMASK 0x0003
+#define HDF_RTLREADING 0x0004
+#define HDF_OWNERDRAW 0x8000
+#define HDF_STRING 0x4000
+#define HDF_BITMAP 0x2000
+#define HDF_BITMAP_ON_RIGHT 0x1000
+#define HDF_IMAGE 0x0800
+#define HDF_SORTUP 0x0400
+#define HDF_SORTDOWN 0x0200
+#define HDF_CHECKBOX 0x0040
+#define HDF_CHECKED 0x0080
+#define HDF_FIXEDWIDTH 0x0100
+#define HDF_SPLITBUTTON 0x01000000
+
+#define HDFT_ISSTRING 0
+#define HDFT_ISNUMBER 1
+#define HDFT_ISDATE 2
+#define HDFT_HASNOVALUE 0x8000
+
+#define HDIS_FOCUSED 0x0001
+
+#define HDSIL_NORMAL 0
+#define HDSIL_STATE 1
+
+#define HHT_NOWHERE 0x0001
+#define HHT_ONHEADER 0x0002
+#define HHT_ONDIVIDER 0x0004
+#define HHT_ONDIVOPEN 0x0008
+#define HHT_ONFILTER 0x0010
+#define HHT_ONFILTERBUTTON 0x0020
+#define HHT_ABOVE 0x0100
+#define HHT_BELOW 0x0200
+#define HHT_TORIGHT 0x0400
+#define HHT_TOLEFT 0x0800
+#define HHT_ONITEMSTATEICON 0x1000
+#define HHT_ONDROPDOWN 0x2000
+#define HHT_ONOVERFLOW 0x4000
+
+#define HDM_FIRST 0x1200
+#define HDM_GETITEMCOUNT 0x1200
+#define HDM_INSERTITEMW 0x120A
+#define HDM_INSERTITEM HDM_INSERTITEMW
+#define HDM_DELETEITEM 0x1202
+#define HDM_GETITEMW 0x120B
+#define HDM_GETITEM HDM_GETITEMW
+#define HDM_SETITEMW 0x120C
+#define HDM_SETITEM HDM_SETITEMW
+#define HDM_LAYOUT 0x1205
+#define HDM_HITTEST 0x1206
+#define HDM_GETITEMRECT 0x1207
+#define HDM_SETIMAGELIST 0x1208
+#define HDM_GETIMAGELIST 0x1209
+#define HDM_ORDERTOINDEX 0x120F
+#define HDM_CREATEDRAGIMAGE 0x1210
+#define HDM_GETORDERARRAY 0x1211
+#define HDM_SETORDERARRAY 0x1212
+#define HDM_SETHOTDIVIDER 0x1213
+#define HDM_SETBITMAPMARGIN 0x1214
+#define HDM_GETBITMAPMARGIN 0x1215
+#define HDM_SETUNICODEFORMAT 0x2005
+#define HDM_GETUNICODEFORMAT 0x2006
+#define HDM_SETFILTERCHANGETIMEOUT 0x1216
+#define HDM_EDITFILTER 0x1217
+#define HDM_CLEARFILTER 0x1218
+#define HDM_GETITEMDROPDOWNRECT 0x1219
+#define HDM_GETOVERFLOWRECT 0x121A
+#define HDM_GETFOCUSEDITEM 0x121B
+#define HDM_SETFOCUSEDITEM 0x121C
+
+#define HDN_FIRST 0xFFFFFED4
+#define HDN_LAST 0xFFFFFE71
+#define HDN_ITEMCHANGINGA 0xFFFFFED4
+#define HDN_ITEMCHANGINGW 0xFFFFFEC0
+#define HDN_ITEMCHANGEDA 0xFFFFFED3
+#define HDN_ITEMCHANGEDW 0xFFFFFEBF
+#define HDN_ITEMCLICKA 0xFFFFFED2
+#define HDN_ITEMCLICKW 0xFFFFFEBE
+#define HDN_ITEMDBLCLICKA 0xFFFFFED1
+#define HDN_ITEMDBLCLICKW 0xFFFFFEBD
+#define HDN_DIVIDERDBLCLICKA 0xFFFFFECF
+#define HDN_DIVIDERDBLCLICKW 0xFFFFFEBB
+#define HDN_BEGINTRACKA 0xFFFFFECE
+#define HDN_BEGINTRACKW 0xFFFFFEBA
+#define HDN_ENDTRACKA 0xFFFFFECD
+#define HDN_ENDTRACKW 0xFFFFFEB9
+#define HDN_TRACKA 0xFFFFFECC
+#define HDN_TRACKW 0xFFFFFEB8
+#define HDN_GETDISPINFOA 0xFFFFFECB
+#define HDN_GETDISPINFOW 0xFFFFFEB7
+#define HDN_BEGINDRAG 0xFFFFFECA
+#define HDN_ENDDRAG 0xFFFFFEC9
+#define HDN_FILTERCHANGE 0xFFFFFEC8
+#define HDN_FILTERBTNCLICK 0xFFFFFEC7
+#define HDN_BEGINFILTEREDIT 0xFFFFFEC6
+#define HDN_ENDFILTEREDIT 0xFFFFFEC5
+#define HDN_ITEMSTATEICONCLICK 0xFFFFFEC4
+#define HDN_ITEMKEYDOWN 0xFFFFFEC3
+#define HDN_DROPDOWN 0xFFFFFEC2
+#define HDN_OVERFLOWCLICK 0xFFFFFEC1
+#define HDN_ITEMCHANGING HDN_ITEMCHANGINGW
+#define HDN_ITEMCHANGED HDN_ITEMCHANGEDW
+#define HDN_ITEMCLICK HDN_ITEMCLICKW
+#define HDN_ITEMDBLCLICK HDN_ITEMDBLCLICKW
+#define HDN_DIVIDERDBLCLICK HDN_DIVIDERDBLCLICKW
+#define HDN_BEGINTRACK HDN_BEGINTRACKW
+#define HDN_ENDTRACK HDN_ENDTRACKW
+#define HDN_TRACK HDN_TRACKW
+#define HDN_GETDISPINFO HDN_GETDISPINFOW
+
+struct HDITEMW {
+    UINT mask; ///< HDI_*.
+    int cxy; ///< The width in pixels.
+    LPWSTR pszText;
+    HBITMAP hbm;
+    int cchTextMax; ///< Characters that pszText has room for when it is to be filled.
+    int fmt; ///< HDF_*.
+    LPARAM lParam;
+    int iImage;
+    int iOrder;
+    UINT type;
+    void *pvFilter;
+    UINT state;
+};
+using _HD_ITEMW = HDITEMW;
+using LPHDITEMW = HDITEMW *;
+using HD_ITEMW = HDITEMW;
+using HDITEM = HDITEMW;
+using LPHDITEM = LPHDITEMW;
+using HD_ITEM = HDITEMW;
+
+struct _HD_LAYOUT {
+    RECT *prc;
+    WINDOWPOS *pwpos;
+};
+using HDLAYOUT = _HD_LAYOUT;
+using LPHDLAYOUT = HDLAYOUT *;
+using HD_LAYOUT = HDLAYOUT;
+
+struct _HD_HITTESTINFO {
+    POINT pt; ///< In pixels of the client area.
+    UINT flags; ///< HHT_*.
+    int iItem;
+};
+using HDHITTESTINFO = _HD_HITTESTINFO;
+using LPHDHITTESTINFO = HDHITTESTINFO *;
+using HD_HITTESTINFO = HDHITTESTINFO;
+
+struct tagNMHEADERW {
+    NMHDR hdr;
+    int iItem;
+    int iButton; ///< 0 left, 1 right, 2 middle.
+    HDITEMW *pitem;
+};
+using NMHEADERW = tagNMHEADERW;
+using LPNMHEADERW = NMHEADERW *;
+using HD_NOTIFYW = NMHEADERW;
+using NMHEADER = NMHEADERW;
+using LPNMHEADER = LPNMHEADERW;
+using HD_NOTIFY = NMHEADERW;
+
+struct tagNMHDDISPINFOW {
+    NMHDR hdr;
+    int iItem;
+    UINT mask;
+    LPWSTR pszText;
+    int cchTextMax;
+    int iImage;
+    LPARAM lParam;
+};
+using NMHDDISPINFOW = tagNMHDDISPINFOW;
+using LPNMHDDISPINFOW = NMHDDISPINFOW *;
+using NMHDDISPINFO = NMHDDISPINFOW;
+using LPNMHDDISPINFO = LPNMHDDISPINFOW;
+
+// ---------------------------------------------------------------------------------------------------------
+// Tab control
+// ---------------------------------------------------------------------------------------------------------
+
+#define TCS_SCROLLOPPOSITE 0x0001
+#define TCS_BOTTOM 0x0002
+#define TCS_RIGHT 0x0002
+#define TCS_MULTISELECT 0x0004
+#define TCS_FLATBUTTONS 0x0008
+#define TCS_FORCEICONLEFT 0x0010
+#define TCS_FORCELABELLEFT 0x0020
+#define TCS_HOTTRACK 0x0040
+#define TCS_VERTICAL 0x0080
+#define TCS_TABS 0x0000
+#define TCS_BUTTONS 0x0100
+#define TCS_SINGLELINE 0x0000
+#define TCS_MULTILINE 0x0200
+#define TCS_RIGHTJUSTIFY 0x0000
+#define TCS_FIXEDWIDTH 0x0400
+#define TCS_RAGGEDRIGHT 0x0800
+#define TCS_FOCUSONBUTTONDOWN 0x1000
+#define TCS_OWNERDRAWFIXED 0x2000
+#define TCS_TOOLTIPS 0x4000
+#define TCS_FOCUSNEVER 0x8000
+#define TCS_EX_FLATSEPARATORS 0x0001
+#define TCS_EX_REGISTERDROP 0x0002
+
+#define TCIF_TEXT 0x0001
+#define TCIF_IMAGE 0x0002
+#define TCIF_RTLREADING 0x0004
+#define TCIF_PARAM 0x0008
+#define TCIF_STATE 0x0010
+
+#define TCIS_BUTTONPRESSED 0x0001
+#define TCIS_HIGHLIGHTED 0x0002
+
+#define TCHT_NOWHERE 0x0001
+#define TCHT_ONITEMICON 0x0002
+#define TCHT_ONITEMLABEL 0x0004
+#define TCHT_ONITEM 0x0006
+
+#define TCM_FIRST 0x1300
+#define TCM_GETIMAGELIST 0x1302
+#define TCM_SETIMAGELIST 0x1303
+#define TCM_GETITEMCOUNT 0x1304
+#define TCM_GETITEMW 0x133C
+#define TCM_GETITEM TCM_GETITEMW
+#define TCM_SETITEMW 0x133D
+#define TCM_SETITEM TCM_SETITEMW
+#define TCM_INSERTITEMW 0x133E
+#define TCM_INSERTITEM TCM_INSERTITEMW
+#define TCM_DELETEITEM 0x1308
+#define TCM_DELETEALLITEMS 0x1309
+#define TCM_GETITEMRECT 0x130A
+#define TCM_GETCURSEL 0x130B
+#define TCM_SETCURSEL 0x130C
+#define TCM_HITTEST 0x130D
+#define TCM_SETITEMEXTRA 0x130E
+#define TCM_ADJUSTRECT 0x1328
+#define TCM_SETITEMSIZE 0x1329
+#define TCM_REMOVEIMAGE 0x132A
+#define TCM_SETPADDING 0x132B
+#define TCM_GETROWCOUNT 0x132C
+#define TCM_GETTOOLTIPS 0x132D
+#define TCM_SETTOOLTIPS 0x132E
+#define TCM_GETCURFOCUS 0x132F
+#define TCM_SETCURFOCUS 0x1330
+#define TCM_SETMINTABWIDTH 0x1331
+#define TCM_DESELECTALL 0x1332
+#define TCM_HIGHLIGHTITEM 0x1333
+#define TCM_SETEXTENDEDSTYLE 0x1334
+#define TCM_GETEXTENDEDSTYLE 0x1335
+#define TCM_SETUNICODEFORMAT 0x2005
+#define TCM_GETUNICODEFORMAT 0x2006
+
+#define TCN_FIRST 0xFFFFFDDA
+#define TCN_LAST 0xFFFFFDBC
+#define TCN_KEYDOWN 0xFFFFFDDA
+#define TCN_SELCHANGE 0xFFFFFDD9
+#define TCN_SELCHANGING 0xFFFFFDD8
+#define TCN_GETOBJECT 0xFFFFFDD7
+#define TCN_FOCUSCHANGE 0xFFFFFDD6
+
+struct tagTCITEMW {
+    UINT mask; ///< TCIF_*.
+    DWORD dwState; ///< TCIS_*.
+    DWORD dwStateMask;
+    LPWSTR pszText;
+    int cchTextMax; ///< Characters that pszText has room for when it is to be filled.
+    int iImage;
+    LPARAM lParam;
+};
+using TCITEMW = tagTCITEMW;
+using LPTCITEMW = TCITEMW *;
+using TC_ITEMW = TCITEMW;
+using TCITEM = TCITEMW;
+using LPTCITEM = LPTCITEMW;
+using TC_ITEM = TCITEMW;
+
+struct tagTCITEMHEADERW {
+    UINT mask;
+    UINT lpReserved1;
+    UINT lpReserved2;
+    LPWSTR pszText;
+    int cchTextMax;
+    int iImage;
+};
+using TCITEMHEADERW = tagTCITEMHEADERW;
+using LPTCITEMHEADERW = TCITEMHEADERW *;
+using TCITEMHEADER = TCITEMHEADERW;
+using LPTCITEMHEADER = LPTCITEMHEADERW;
+using TC_ITEMHEADER = TCITEMHEADERW;
+
+struct tagTCHITTESTINFO {
+    POINT pt; ///< In pixels of the client area.
+    UINT flags; ///< TCHT_*.
+};
+using TCHITTESTINFO = tagTCHITTESTINFO;
+using LPTCHITTESTINFO = TCHITTESTINFO *;
+using TC_HITTESTINFO = TCHITTESTINFO;
+
+#pragma pack(push, 1)
+struct tagTCKEYDOWN {
+    NMHDR hdr;
+    WORD wVKey; ///< VK_*.
+    UINT flags;
+};
+#pragma pack(pop)
+using NMTCKEYDOWN = tagTCKEYDOWN;
+using TC_KEYDOWN = NMTCKEYDOWN;
+
+// ---------------------------------------------------------------------------------------------------------
+// Slider
+// ---------------------------------------------------------------------------------------------------------
+
+#define TBS_AUTOTICKS 0x0001
+#define TBS_VERT 0x0002
+#define TBS_HORZ 0x0000
+#define TBS_TOP 0x0004
+#define TBS_BOTTOM 0x0000
+#define TBS_LEFT 0x0004
+#define TBS_RIGHT 0x0000
+#define TBS_BOTH 0x0008
+#define TBS_NOTICKS 0x0010
+#define TBS_ENABLESELRANGE 0x0020
+#define TBS_FIXEDLENGTH 0x0040
+#define TBS_NOTHUMB 0x0080
+#define TBS_TOOLTIPS 0x0100
+#define TBS_REVERSED 0x0200
+#define TBS_DOWNISLEFT 0x0400
+#define TBS_NOTIFYBEFOREMOVE 0x0800
+#define TBS_TRANSPARENTBKGND 0x1000
+
+#define TBTS_TOP 0
+#define TBTS_LEFT 1
+#define TBTS_BOTTOM 2
+#define TBTS_RIGHT 3
+
+#define TBCD_TICS 1
+#define TBCD_THUMB 2
+#define TBCD_CHANNEL 3
+
+#define TBM_GETPOS 0x0400
+#define TBM_GETRANGEMIN 0x0401
+#define TBM_GETRANGEMAX 0x0402
+#define TBM_GETTIC 0x0403
+#define TBM_SETTIC 0x0404
+#define TBM_SETPOS 0x0405
+#define TBM_SETRANGE 0x0406
+#define TBM_SETRANGEMIN 0x0407
+#define TBM_SETRANGEMAX 0x0408
+#define TBM_CLEARTICS 0x0409
+#define TBM_SETSEL 0x040A
+#define TBM_SETSELSTART 0x040B
+#define TBM_SETSELEND 0x040C
+#define TBM_GETPTICS 0x040E
+#define TBM_GETTICPOS 0x040F
+#define TBM_GETNUMTICS 0x0410
+#define TBM_GETSELSTART 0x0411
+#define TBM_GETSELEND 0x0412
+#define TBM_CLEARSEL 0x0413
+#define TBM_SETTICFREQ 0x0414
+#define TBM_SETPAGESIZE 0x0415
+#define TBM_GETPAGESIZE 0x0416
+#define TBM_SETLINESIZE 0x0417
+#define TBM_GETLINESIZE 0x0418
+#define TBM_GETTHUMBRECT 0x0419
+#define TBM_GETCHANNELRECT 0x041A
+#define TBM_SETTHUMBLENGTH 0x041B
+#define TBM_GETTHUMBLENGTH 0x041C
+#define TBM_SETTOOLTIPS 0x041D
+#define TBM_GETTOOLTIPS 0x041E
+#define TBM_SETTIPSIDE 0x041F
+#define TBM_SETBUDDY 0x0420
+#define TBM_GETBUDDY 0x0421
+#define TBM_SETUNICODEFORMAT 0x2005
+#define TBM_GETUNICODEFORMAT 0x2006
+
+#define TB_LINEUP 0
+#define TB_LINEDOWN 1
+#define TB_PAGEUP 2
+#define TB_PAGEDOWN 3
+#define TB_THUMBPOSITION 4
+#define TB_THUMBTRACK 5
+#define TB_TOP 6
+#define TB_BOTTOM 7
+#define TB_ENDTRACK 8
+
+#define TRBN_FIRST 0xFFFFFA23
+#define TRBN_LAST 0xFFFFFA11
+#define TRBN_THUMBPOSCHANGING 0xFFFFFA22
+
+// ---------------------------------------------------------------------------------------------------------
+// Up-down control
+// ---------------------------------------------------------------------------------------------------------
+
+#define UD_MAXVAL 0x7FFF
+#define UD_MINVAL (-32767)
+
+#define UDS_WRAP 0x0001
+#define UDS_SETBUDDYINT 0x0002
+#define UDS_ALIGNRIGHT 0x0004
+#define UDS_ALIGNLEFT 0x0008
+#define UDS_AUTOBUDDY 0x0010
+#define UDS_ARROWKEYS 0x0020
+#define UDS_HORZ 0x0040
+#define UDS_NOTHOUSANDS 0x0080
+#define UDS_HOTTRACK 0x0100
+
+#define UDM_SETRANGE 0x0465
+#define UDM_GETRANGE 0x0466
+#define UDM_SETPOS 0x0467
+#define UDM_GETPOS 0x0468
+#define UDM_SETBUDDY 0x0469
+#define UDM_GETBUDDY 0x046A
+#define UDM_SETACCEL 0x046B
+#define UDM_GETACCEL 0x046C
+#define UDM_SETBASE 0x046D
+#define UDM_GETBASE 0x046E
+#define UDM_SETRANGE32 0x046F
+#define UDM_GETRANGE32 0x0470
+#define UDM_SETUNICODEFORMAT 0x2005
+#define UDM_GETUNICODEFORMAT 0x2006
+#define UDM_SETPOS32 0x0471
+#define UDM_GETPOS32 0x0472
+
+#define UDN_FIRST 0xFFFFFD2F
+#define UDN_LAST 0xFFFFFD27
+#define UDN_DELTAPOS 0xFFFFFD2E
+
+struct _UDACCEL {
+    UINT nSec; ///< Seconds after which nInc holds.
+    UINT nInc;
+};
+using UDACCEL = _UDACCEL;
+using LPUDACCEL = UDACCEL *;
+
+struct _NM_UPDOWN {
+    NMHDR hdr;
+    int iPos;
+    int iDelta;
+};
+using NMUPDOWN = _NM_UPDOWN;
+using LPNMUPDOWN = NMUPDOWN *;
+using NM_UPDOWN = NMUPDOWN;
+using LPNM_UPDOWN = LPNMUPDOWN;
+
+// ---------------------------------------------------------------------------------------------------------
+// Tool tip
+// ---------------------------------------------------------------------------------------------------------
+
+#define TTS_ALWAYSTIP 0x0001
+#define TTS_NOPREFIX 0x0002
+#define TTS_NOANIMATE 0x0010
+#define TTS_NOFADE 0x0020
+#define TTS_BALLOON 0x0040
+#define TTS_CLOSE 0x0080
+#define TTS_USEVISUALSTYLE 0x0100
+
+#define TTF_IDISHWND 0x0001
+#define TTF_CENTERTIP 0x0002
+#define TTF_RTLREADING 0x0004
+#define TTF_SUBCLASS 0x0010
+#define TTF_TRACK 0x0020
+#define TTF_ABSOLUTE 0x0080
+#define TTF_TRANSPARENT 0x0100
+#define TTF_PARSELINKS 0x1000
+#define TTF_DI_SETITEM 0x8000
+
+#define TTDT_AUTOMATIC 0
+#define TTDT_RESHOW 1
+#define TTDT_AUTOPOP 2
+#define TTDT_INITIAL 3
+
+#define TTI_NONE 0
+#define TTI_INFO 1
+#define TTI_WARNING 2
+#define TTI_ERROR 3
+#define TTI_INFO_LARGE 4
+#define TTI_WARNING_LARGE 5
+#define TTI_ERROR_LARGE 6
+
+#define TTM_ACTIVATE 0x0401
+#define TTM_SETDELAYTIME 0x0403
+#define TTM_ADDTOOLW 0x0432
+#define TTM_DELTOOLW 0x0433
+#define TTM_NEWTOOLRECTW 0x0434
+#define TTM_RELAYEVENT 0x0407
+#define TTM_GETTOOLINFOW 0x0435
+#define TTM_SETTOOLINFOW 0x0436
+#define TTM_HITTESTW 0x0437
+#define TTM_GETTEXTW 0x0438
+#define TTM_UPDATETIPTEXTW 0x0439
+#define TTM_GETTOOLCOUNT 0x040D
+#define TTM_ENUMTOOLSW 0x043A
+#define TTM_GETCURRENTTOOLW 0x043B
+#define TTM_WINDOWFROMPOINT 0x0410
+#define TTM_TRACKACTIVATE 0x0411
+#define TTM_TRACKPOSITION 0x0412
+#define TTM_SETTIPBKCOLOR 0x0413
+#define TTM_SETTIPTEXTCOLOR 0x0414
+#define TTM_GETDELAYTIME 0x0415
+#define TTM_GETTIPBKCOLOR 0x0416
+#define TTM_GETTIPTEXTCOLOR 0x0417
+#define TTM_SETMAXTIPWIDTH 0x0418
+#define TTM_GETMAXTIPWIDTH 0x0419
+#define TTM_SETMARGIN 0x041A
+#define TTM_GETMARGIN 0x041B
+#define TTM_POP 0x041C
+#define TTM_UPDATE 0x041D
+#define TTM_GETBUBBLESIZE 0x041E
+#define TTM_ADJUSTRECT 0x041F
+#define TTM_SETTITLEW 0x0421
+#define TTM_POPUP 0x0422
+#define TTM_GETTITLE 0x0423
+#define TTM_ADDTOOL TTM_ADDTOOLW
+#define TTM_DELTOOL TTM_DELTOOLW
+#define TTM_NEWTOOLRECT TTM_NEWTOOLRECTW
+#define TTM_GETTOOLINFO TTM_GETTOOLINFOW
+#define TTM_SETTOOLINFO TTM_SETTOOLINFOW
+#define TTM_HITTEST TTM_HITTESTW
+#define TTM_GETTEXT TTM_GETTEXTW
+#define TTM_UPDATETIPTEXT TTM_UPDATETIPTEXTW
+#define TTM_ENUMTOOLS TTM_ENUMTOOLSW
+#define TTM_GETCURRENTTOOL TTM_GETCURRENTTOOLW
+#define TTM_SETTITLE TTM_SETTITLEW
+#define TTM_SETWINDOWTHEME 0x200B
+
+#define TTN_FIRST 0xFFFFFDF8
+#define TTN_LAST 0xFFFFFDDB
+#define TTN_GETDISPINFOA 0xFFFFFDF8
+#define TTN_GETDISPINFOW 0xFFFFFDEE
+#define TTN_SHOW 0xFFFFFDF7
+#define TTN_POP 0xFFFFFDF6
+#define TTN_LINKCLICK 0xFFFFFDF5
+#define TTN_GETDISPINFO TTN_GETDISPINFOW
+#define TTN_NEEDTEXT TTN_NEEDTEXTW
+#define TTN_NEEDTEXTA 0xFFFFFDF8
+#define TTN_NEEDTEXTW 0xFFFFFDEE
+
+struct tagTOOLINFOW {
+    UINT cbSize;
+    UINT uFlags; ///< TTF_*.
+    HWND hwnd;
+    UINT_PTR uId; ///< A number of the tool's, or its window when TTF_IDISHWND is set.
+    RECT rect;
+    HINSTANCE hinst;
+    LPWSTR lpszText;
+    LPARAM lParam;
+    void *lpReserved;
+};
+using TTTOOLINFOW = tagTOOLINFOW;
+using LPTTTOOLINFOW = TTTOOLINFOW *;
+using PTOOLINFOW = TTTOOLINFOW *;
+using TOOLINFOW = TTTOOLINFOW;
+using LPTOOLINFOW = LPTTTOOLINFOW;
+using TTTOOLINFO = TTTOOLINFOW;
+using LPTTTOOLINFO = LPTTTOOLINFOW;
+using PTOOLINFO = PTOOLINFOW;
+using TOOLINFO = TTTOOLINFOW;
+using LPTOOLINFO = LPTTTOOLINFOW;
+
+// The bytes that the record had before a field was added to it, for cbSize.
+#define TTTOOLINFOW_V1_SIZE 56
+#define TTTOOLINFOW_V2_SIZE 64
+#define TTTOOLINFOW_V3_SIZE 72
+#define TTTOOLINFO_V1_SIZE TTTOOLINFOW_V1_SIZE
+
+struct _TT_HITTESTINFOW {
+    HWND hwnd;
+    POINT pt;
+    TTTOOLINFOW ti;
+};
+using TTHITTESTINFOW = _TT_HITTESTINFOW;
+using LPTTHITTESTINFOW = TTHITTESTINFOW *;
+using TTHITTESTINFO = TTHITTESTINFOW;
+using LPTTHITTESTINFO = LPTTHITTESTINFOW;
+
+/// A text of up to 79 characters may be written into szText; a longer one stays with its owner and lpszText
+/// points at it.
+struct tagNMTTDISPINFOW {
+    NMHDR hdr;
+    LPWSTR lpszText;
+    WCHAR szText[80];
+    HINSTANCE hinst;
+    UINT uFlags;
+    LPARAM lParam;
+};
+using NMTTDISPINFOW = tagNMTTDISPINFOW;
+using LPNMTTDISPINFOW = NMTTDISPINFOW *;
+using TOOLTIPTEXTW = NMTTDISPINFOW;
+using LPTOOLTIPTEXTW = LPNMTTDISPINFOW;
+using NMTTDISPINFO = NMTTDISPINFOW;
+using LPNMTTDISPINFO = LPNMTTDISPINFOW;
+using TOOLTIPTEXT = NMTTDISPINFOW;
+using LPTOOLTIPTEXT = LPNMTTDISPINFOW;
+
+// ---------------------------------------------------------------------------------------------------------
+// Progress bar
+// ---------------------------------------------------------------------------------------------------------
+
+#define PBS_SMOOTH 0x0001
+#define PBS_VERTICAL 0x0004
+#define PBS_MARQUEE 0x0008
+#define PBS_SMOOTHREVERSE 0x0010
+
+#define PBST_NORMAL 1
+#define PBST_ERROR 2
+#define PBST_PAUSED 3
+
+#define PBM_SETRANGE 0x0401
+#define PBM_SETPOS 0x0402
+#define PBM_DELTAPOS 0x0403
+#define PBM_SETSTEP 0x0404
+#define PBM_STEPIT 0x0405
+#define PBM_SETRANGE32 0x0406
+#define PBM_GETRANGE 0x0407
+#define PBM_GETPOS 0x0408
+#define PBM_SETBARCOLOR 0x0409
+#define PBM_SETBKCOLOR 0x2001
+#define PBM_SETMARQUEE 0x040A
+#define PBM_GETSTEP 0x040D
+#define PBM_GETBKCOLOR 0x040E
+#define PBM_GETBARCOLOR 0x040F
+#define PBM_SETSTATE 0x0410
+#define PBM_GETSTATE 0x0411
+
+struct PBRANGE {
+    int iLow;
+    int iHigh;
+};
+using PPBRANGE = PBRANGE *;
+
+// ---------------------------------------------------------------------------------------------------------
+// Image list
+// ---------------------------------------------------------------------------------------------------------
+
+#define ILC_MASK 0x0001
+#define ILC_COLOR 0x0000
+#define ILC_COLORDDB 0x00FE
+#define ILC_COLOR4 0x0004
+#define ILC_COLOR8 0x0008
+#define ILC_COLOR16 0x0010
+#define ILC_COLOR24 0x0018
+#define ILC_COLOR32 0x0020
+#define ILC_PALETTE 0x0800
+#define ILC_MIRROR 0x2000
+#define ILC_PERITEMMIRROR 0x8000
+#define ILC_ORIGINALSIZE 0x00010000
+#define ILC_HIGHQUALITYSCALE 0x00020000
+
+#define ILD_NORMAL 0x0000
+#define ILD_TRANSPARENT 0x0001
+#define ILD_MASK 0x0010
+#define ILD_IMAGE 0x0020
+#define ILD_ROP 0x0040
+#define ILD_BLEND25 0x0002
+#define ILD_BLEND50 0x0004
+#define ILD_OVERLAYMASK 0x0F00
+#define ILD_PRESERVEALPHA 0x1000
+#define ILD_SCALE 0x2000
+#define ILD_DPISCALE 0x4000
+#define ILD_ASYNC 0x8000
+#define ILD_SELECTED 0x0004
+#define ILD_FOCUS 0x0002
+#define ILD_BLEND 0x0004
+
+#define ILS_NORMAL 0x0000
+#define ILS_GLOW 0x0001
+#define ILS_SHADOW 0x0002
+#define ILS_SATURATE 0x0004
+#define ILS_ALPHA 0x0008
+
+#define ILCF_MOVE 0x0000
+#define ILCF_SWAP 0x0001
+
+#define CLR_HILIGHT 0xFF000000
+
+struct _IMAGEINFO {
+    HBITMAP hbmImage;
+    HBITMAP hbmMask;
+    int Unused1;
+    int Unused2;
+    RECT rcImage;
+};
+using IMAGEINFO = _IMAGEINFO;
+using LPIMAGEINFO = IMAGEINFO *;
+
+// ---------------------------------------------------------------------------------------------------------
+// Tool bar and status bar
+// ---------------------------------------------------------------------------------------------------------
+
+#define TBSTYLE_BUTTON 0x0000
+#define TBSTYLE_SEP 0x0001
+#define TBSTYLE_CHECK 0x0002
+#define TBSTYLE_GROUP 0x0004
+#define TBSTYLE_CHECKGROUP 0x0006
+#define TBSTYLE_DROPDOWN 0x0008
+#define TBSTYLE_AUTOSIZE 0x0010
+#define TBSTYLE_NOPREFIX 0x0020
+#define TBSTYLE_TOOLTIPS 0x0100
+#define TBSTYLE_WRAPABLE 0x0200
+#define TBSTYLE_ALTDRAG 0x0400
+#define TBSTYLE_FLAT 0x0800
+#define TBSTYLE_LIST 0x1000
+#define TBSTYLE_CUSTOMERASE 0x2000
+#define TBSTYLE_REGISTERDROP 0x4000
+#define TBSTYLE_TRANSPARENT 0x8000
+#define TBSTYLE_EX_DRAWDDARROWS 0x0001
+#define TBSTYLE_EX_MULTICOLUMN 0x0002
+#define TBSTYLE_EX_VERTICAL 0x0004
+#define TBSTYLE_EX_MIXEDBUTTONS 0x0008
+#define TBSTYLE_EX_HIDECLIPPEDBUTTONS 0x0010
+#define TBSTYLE_EX_DOUBLEBUFFER 0x0080
+
+#define BTNS_BUTTON 0x0000
+#define BTNS_SEP 0x0001
+#define BTNS_CHECK 0x0002
+#define BTNS_GROUP 0x0004
+#define BTNS_CHECKGROUP 0x0006
+#define BTNS_DROPDOWN 0x0008
+#define BTNS_AUTOSIZE 0x0010
+#define BTNS_NOPREFIX 0x0020
+#define BTNS_SHOWTEXT 0x0040
+#define BTNS_WHOLEDROPDOWN 0x0080
+
+#define TBSTATE_CHECKED 0x0001
+#define TBSTATE_PRESSED 0x0002
+#define TBSTATE_ENABLED 0x0004
+#define TBSTATE_HIDDEN 0x0008
+#define TBSTATE_INDETERMINATE 0x0010
+#define TBSTATE_WRAP 0x0020
+#define TBSTATE_ELLIPSES 0x0040
+#define TBSTATE_MARKED 0x0080
+
+#define SBARS_SIZEGRIP 0x0100
+#define SBARS_TOOLTIPS 0x0800
+
+#define SBT_TOOLTIPS 0x0800
+#define SBT_OWNERDRAW 0x1000
+#define SBT_NOBORDERS 0x0100
+#define SBT_POPOUT 0x0200
+#define SBT_RTLREADING 0x0400
+#define SBT_NOTABPARSING 0x0800
+
+#define SB_SETTEXTW 0x040B
+#define SB_GETTEXTW 0x040D
+#define SB_GETTEXTLENGTHW 0x040C
+#define SB_GETTEXT SB_GETTEXTW
+#define SB_SETTEXT SB_SETTEXTW
+#define SB_GETTEXTLENGTH SB_GETTEXTLENGTHW
+#define SB_SETTIPTEXT SB_SETTIPTEXTW
+#define SB_GETTIPTEXT SB_GETTIPTEXTW
+#define SB_SETPARTS 0x0404
+#define SB_GETPARTS 0x0406
+#define SB_GETBORDERS 0x0407
+#define SB_SETMINHEIGHT 0x0408
+#define SB_SIMPLE 0x0409
+#define SB_GETRECT 0x040A
+#define SB_ISSIMPLE 0x040E
+#define SB_SETICON 0x040F
+#define SB_SETTIPTEXTW 0x0411
+#define SB_GETTIPTEXTW 0x0413
+#define SB_GETICON 0x0414
+#define SB_SETUNICODEFORMAT 0x2005
+#define SB_GETUNICODEFORMAT 0x2006
+#define SB_SETBKCOLOR 0x2001
+#define SB_SIMPLEID 0x00FF
+
+#define SBN_FIRST 0xFFFFFC90
+#define SBN_LAST 0xFFFFFC7D
+#define SBN_SIMPLEMODECHANGE 0xFFFFFC90

@@ -90,6 +90,8 @@ public:
     /// The origins of Seek().
     enum SeekPosition { begin = 0, current = 1, end = 2 };
 
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wshadow" // `system`, as the function
     /// CFileStatus::m_attribute; only the first three are given.
     enum Attribute {
         normal = 0x00,
@@ -100,6 +102,7 @@ public:
         directory = 0x10,
         archive = 0x20
     };
+#pragma GCC diagnostic pop
 
     /// m_hFile of a file that is not open: -1.
     static const HANDLE hFileNull;
@@ -127,7 +130,7 @@ public:
     /// Moves to `lOff` bytes from the start of the file: `nFrom` is no origin here, it only has to be a
     /// position that can be reached. To move relative to the position or the end, add GetPosition() or
     /// GetLength().
-    /// \return the new position, or the old one on failure
+    /// \return the position where it is then
     virtual ULONGLONG Seek(LONGLONG lOff, unsigned int nFrom);
     /// Reads up to `nCount` bytes. \return how many there were; 0xFFFFFFFF on failure
     virtual unsigned int Read(void *lpBuf, unsigned int nCount);
@@ -182,7 +185,7 @@ public:
     bool Open(const wchar_t *lpszFileName, unsigned int nOpenFlags,
               CFileException *pError = nullptr) override;
     void Close() override;
-    /// Hands the text to the file's own buffer, which Close() writes out.
+    /// Writes out the text.
     void Flush() override;
 
     /// Writes text as it is; no line end is added. Null writes nothing.

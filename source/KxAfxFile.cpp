@@ -198,6 +198,7 @@ CStdioFile::~CStdioFile()
 
 bool CStdioFile::Open(const wchar_t *lpszFileName, unsigned int nOpenFlags, CFileException *pError)
 {
+    m_pStream->stream.setDevice(nullptr);
     const bool opened = CFile::Open(lpszFileName, nOpenFlags, pError);
     if (opened)
         m_pStream->stream.setDevice(&implement()->file);

@@ -45,6 +45,17 @@ inline CWndPrivate *privateBlock(const CWnd *window)
     return isSmallHandle(window) ? nullptr : window->d_func();
 }
 
+/// qobject_cast(), quicker: most widgets are of the very class asked for.
+template<class Widget>
+Widget *widgetCast(QWidget *widget)
+{
+    for (const QMetaObject *kind = widget ? widget->metaObject() : nullptr; kind; kind = kind->superClass()) {
+        if (kind == &Widget::staticMetaObject)
+            return static_cast<Widget *>(widget);
+    }
+    return nullptr;
+}
+
 /// The widget of a bound window when it is a `Widget`; null for a small pointer, an unbound window or a widget of
 /// another kind.
 template<class Widget = QWidget>
@@ -55,7 +66,7 @@ Widget *boundWidget(const CWnd *window)
     if constexpr (std::is_same_v<Widget, QWidget>)
         return widget;
     else
-        return qobject_cast<Widget *>(widget);
+        return widgetCast<Widget>(widget);
 }
 
 /// The private block of a bound window, otherwise null.

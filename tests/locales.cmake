@@ -1,4 +1,6 @@
 # SPDX-License-Identifier: MIT
+# Tests in other locales than the one of the whole suite.
+
 # A locale with a decimal comma, in a folder of the build: a machine seldom has one ready. CommaLocale looks for it
 # there.
 
@@ -16,3 +18,9 @@ foreach(test IN ITEMS data_exchange_text platform_text)
         target_compile_definitions(tst_${test} PRIVATE "KX_TEST_LOCALES=\"${KX_TEST_LOCALES}\"")
     endif()
 endforeach()
+
+# Text files are written as the locale says: once more in the C locale.
+if(TARGET tst_text_files)
+    add_test(NAME text_files_c_locale
+        COMMAND "${CMAKE_COMMAND}" -E env LC_ALL=C $<TARGET_FILE:tst_text_files>)
+endif()

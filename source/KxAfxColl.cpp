@@ -223,10 +223,11 @@ void KxArrayBlock<Element>::removeAt(long index, long count)
     const long end = static_cast<long>(static_cast<unsigned long>(index) + static_cast<unsigned long>(count));
     if (index < 0 || count < 0 || end > size || end < index || end < count)
         AfxThrowInvalidArgException();
-    if (index < 0 || count < 1 || end < index)
+    const long remaining = size - count;
+    // Plain elements carry on with a count below 0 too, as far as there is memory.
+    if (count == 0 || index < 0 || end < 0 || (count < 0 && (!isPlain<Element> || remaining > capacity)))
         return;
     // Of a count that reaches past the end, all of it counts off the size and no slot is touched that is raw.
-    const long remaining = size - count;
     const long first = std::max(0L, std::min(index, remaining));
     destroyElements(elements + first, std::min(end, size) - first);
     relocateElements(elements + index, elements + end, size - end);
@@ -331,8 +332,9 @@ CStringList::~CStringList()
 template<class Text>
 POSITION CStringList::insert(CNode *pPrev, CNode *pNext, const Text &text)
 {
+    CString data(text); // first, since a node that was taken has to get its text
     CNode *const added = NewNode(pPrev, pNext);
-    added->data = text;
+    added->data = std::move(data);
     (pPrev ? pPrev->pNext : m_pNodeHead) = added;
     (pNext ? pNext->pPrev : m_pNodeTail) = added;
     return position(added);

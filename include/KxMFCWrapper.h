@@ -31,3 +31,6 @@
 #include "KxQtWinapiWrapper.h"
 #include "KxStdStr.h"
 #include "KxWinTypes.h"
+#include "QRmUiNTFSVolumeDescriptor.h"
+#include "QRmUiPathname.h"
+#include "QRmUiVolumeDescriptor.h"

@@ -755,8 +755,8 @@ void PlotReaderTest::megabyteOfGarbage_data()
     QTest::newRow("line feeds in a label") << QByteArray("LB") + QByteArray(Megabyte, '\n') + '\x03';
 }
 
-// Nothing to compare with: it has to come to an end, which the time limit of the suite sees to, with what it holds
-// in bounds.
+// Nothing to compare with: it has to come to an end, which the time limit of the suite sees to, with what it
+// holds in bounds.
 void PlotReaderTest::megabyteOfGarbage()
 {
     QFETCH(QByteArray, bytes);

@@ -7,6 +7,7 @@
 #include "PlotCanvas.h"
 #include "PlotLegend.h"
 #include "PlotMainForm.h"
+#include "PlotProgressDialog.h"
 #include "PlotPropertiesDialog.h"
 #include "PlotSettings.h"
 #include "PlotViewApp.h"
@@ -18,6 +19,7 @@
 BEGIN_MESSAGE_MAP(CMainWindow, CWnd)
     ON_COMMAND(ID_PLOT_OPEN, &CMainWindow::OnPlotOpen)
     ON_COMMAND(ID_PLOT_PROPERTIES, &CMainWindow::OnPlotProperties)
+    ON_COMMAND(ID_PLOT_SUMMARY, &CMainWindow::OnPlotSummary)
     ON_COMMAND(ID_PLOT_QUIT, &CMainWindow::OnPlotQuit)
     ON_COMMAND_RANGE(ID_SAMPLE_FIRST, ID_SAMPLE_LAST, &CMainWindow::OnSample)
 END_MESSAGE_MAP()
@@ -39,8 +41,10 @@ CMainWindow::~CMainWindow() = default;
 
 BOOL CMainWindow::OpenPlot(LPCTSTR lpszPathName)
 {
+    if (m_bReading)
+        return FALSE;
     CString strReason;
-    const BOOL bOpened = m_document.Open(lpszPathName, strReason);
+    const BOOL bOpened = ReadPlot(lpszPathName, strReason);
     if (bOpened) {
         m_sheet = CPlotSettings::Load(m_document.GetTitle());
         ShowPlot();
@@ -48,6 +52,19 @@ BOOL CMainWindow::OpenPlot(LPCTSTR lpszPathName)
     if (!strReason.IsEmpty())
         theApp().Report(strReason);
     return bOpened;
+}
+
+BOOL CMainWindow::SaveSummary(LPCTSTR lpszPathName)
+{
+    const CString strShown = shortenedPath(lpszPathName);
+    const BOOL bSaved = m_document.SaveSummary(lpszPathName);
+    CString strText;
+    strText.Format(bSaved ? IDS_SUMMARY_SAVED_FORMAT : IDS_ERROR_SUMMARY, static_cast<LPCTSTR>(strShown));
+    if (bSaved)
+        SetDlgItemText(IDC_STATUS_MESSAGE, strText);
+    else
+        theApp().Report(strText);
+    return bSaved;
 }
 
 void CMainWindow::OnPlotOpen()
@@ -68,6 +85,19 @@ void CMainWindow::OnPlotProperties()
     ShowSheet();
 }
 
+void CMainWindow::OnPlotSummary()
+{
+    const CString strPathName = m_document.GetSummaryPathName();
+    CFileStatus status;
+    if (CFile::GetStatus(strPathName, status)) {
+        CString strQuestion;
+        strQuestion.Format(IDS_SUMMARY_REPLACE_FORMAT, static_cast<LPCTSTR>(shortenedPath(strPathName)));
+        if (AfxMessageBox(strQuestion, MB_YESNO | MB_ICONQUESTION) != IDYES)
+            return;
+    }
+    SaveSummary(strPathName);
+}
+
 void CMainWindow::OnPlotQuit()
 {
     m_pForm->close();
@@ -76,6 +106,34 @@ void CMainWindow::OnPlotQuit()
 void CMainWindow::OnSample(UINT nID)
 {
     OpenPlot(theApp().GetSamplePath(nID));
+}
+
+// No command is carried out meanwhile, whatever the user presses: the dialog lets messages in.
+BOOL CMainWindow::ReadPlot(LPCTSTR lpszPathName, CString &strReason)
+{
+    const CString strTitle = CString(lpszPathName).Mid(CString(lpszPathName).ReverseFind(_T('/')) + 1);
+    const DWORD dwStart = GetTickCount();
+    std::unique_ptr<CPlotProgressDialog> pDialog;
+    m_bReading = TRUE;
+    UpdateCommands();
+    const BOOL bRead = m_document.Open(lpszPathName, strReason, [&](qint64 done, qint64 total) {
+        const auto nTotal = static_cast<ULONGLONG>(total);
+        if (!pDialog && !theApp().IsUnattended()
+            && CPlotProgressDialog::IsWorthwhile(nTotal, GetTickCount() - dwStart))
+            pDialog = std::make_unique<CPlotProgressDialog>(strTitle, this);
+        return !pDialog || pDialog->Advance(static_cast<ULONGLONG>(done), nTotal);
+    });
+    m_bReading = FALSE;
+    UpdateCommands();
+    return bRead;
+}
+
+void CMainWindow::UpdateCommands()
+{
+    for (const auto &[id, action] : m_pForm->commands()) {
+        const BOOL bNeedsPlot = id == ID_PLOT_PROPERTIES || id == ID_PLOT_SUMMARY;
+        action->setEnabled(!m_bReading && (!bNeedsPlot || m_document.GetPlot()));
+    }
 }
 
 void CMainWindow::ShowPlot()
@@ -99,7 +157,7 @@ void CMainWindow::ShowPlot()
     SetStatus(IDC_STATUS_STROKES, IDS_STROKES_FORMAT, pPlot ? static_cast<int>(pPlot->strokes.size()) : 0);
     SetStatus(IDC_STATUS_LABELS, IDS_LABELS_FORMAT, pPlot ? static_cast<int>(pPlot->labels.size()) : 0);
     SetStatus(IDC_STATUS_SKIPPED, IDS_SKIPPED_FORMAT, pPlot ? pPlot->skippedCount : 0);
-    m_pForm->commands().at(ID_PLOT_PROPERTIES)->setEnabled(pPlot != nullptr);
+    UpdateCommands();
     m_pForm->canvas()->setPlot(m_document.GetPlot());
     ShowSheet();
 }

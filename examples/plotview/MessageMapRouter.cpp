@@ -26,7 +26,10 @@ void MessageMapRouter::addControl(UINT id, QWidget *widget)
 
 void MessageMapRouter::addCommand(UINT id, QAction *action)
 {
-    connect(action, &QAction::triggered, this, [this, id] { route(id, CN_COMMAND); });
+    connect(action, &QAction::triggered, this, [this, id, action] {
+        if (action->isEnabled())    // trigger() does not ask
+            route(id, CN_COMMAND);
+    });
 }
 
 void MessageMapRouter::route(UINT id, UINT code)

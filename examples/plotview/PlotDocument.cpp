@@ -3,23 +3,14 @@
 
 #include "PlotDocument.h"
 
-#include "PlotReader.h"
+#include "PlotSummary.h"
 #include "ResourceText.h"
 
 namespace {
 
-// What Format() makes has room for a thousand characters, paths have more.
-CString Shortened(const CString &strPathName)
-{
-    constexpr int nLongest = 400;
-    if (strPathName.GetLength() <= nLongest)
-        return strPathName;
-    return _T("\u2026") + strPathName.Right(nLongest);
-}
-
 CString Reason(const PlotReading &reading, const CString &strPathName)
 {
-    const CString strShown = Shortened(strPathName);
+    const CString strShown = shortenedPath(strPathName);
     const LPCTSTR lpszPathName = strShown;
     CString strReason;
     switch (reading.result) {
@@ -35,6 +26,8 @@ CString Reason(const PlotReading &reading, const CString &strPathName)
     case PlotReading::NoInstructions:
         strReason.Format(IDS_ERROR_NO_INSTRUCTIONS, lpszPathName);
         break;
+    case PlotReading::Cancelled:
+        break;
     case PlotReading::Ok:
         if (!reading.plot.complete)
             strReason.Format(IDS_ERROR_TOO_MUCH, lpszPathName);
@@ -47,10 +40,10 @@ CString Reason(const PlotReading &reading, const CString &strPathName)
 
 } // namespace
 
-BOOL CPlotDocument::Open(LPCTSTR lpszPathName, CString &strReason)
+BOOL CPlotDocument::Open(LPCTSTR lpszPathName, CString &strReason, const PlotProgress &progress)
 {
     const CString strPathName(lpszPathName);
-    PlotReading reading = PlotReader::readFile(toQString(strPathName));
+    PlotReading reading = PlotReader::readFile(toQString(strPathName), progress);
     strReason = Reason(reading, strPathName);
     if (reading.result != PlotReading::Ok)
         return FALSE;
@@ -62,6 +55,20 @@ BOOL CPlotDocument::Open(LPCTSTR lpszPathName, CString &strReason)
 CString CPlotDocument::GetTitle() const
 {
     return m_strPathName.Mid(m_strPathName.ReverseFind(_T('/')) + 1);
+}
+
+CString CPlotDocument::GetSummaryPathName() const
+{
+    // The samples have no folder that can be written to.
+    const CString strFile = IsSample() ? GetTitle() : m_strPathName;
+    const int nDot = GetTitle().ReverseFind(_T('.'));
+    const int nExtension = nDot > 0 ? GetTitle().GetLength() - nDot : 0;
+    return strFile.Left(strFile.GetLength() - nExtension) + _T(".txt");
+}
+
+BOOL CPlotDocument::SaveSummary(LPCTSTR lpszPathName) const
+{
+    return m_pPlot && CPlotSummary(*m_pPlot, GetTitle(), CTime::GetCurrentTime()).Save(lpszPathName);
 }
 
 BOOL CPlotDocument::IsSample() const

@@ -4,6 +4,7 @@
 #include "stdafx.h"
 
 #include "Plot.h"
+#include "PlotReader.h"
 
 #include <memory>
 
@@ -12,8 +13,14 @@ class CPlotDocument : public CDocument
 {
 public:
     /// Reads a plot file. When that fails the plot stays what it was.
-    /// \return FALSE when it failed; strReason then says why, after a success what was damaged, if anything
-    BOOL Open(LPCTSTR lpszPathName, CString &strReason);
+    /// \return FALSE when it failed; strReason then says why, unless `progress` cancelled it; after a success
+    /// it says what was damaged, if anything
+    BOOL Open(LPCTSTR lpszPathName, CString &strReason, const PlotProgress &progress = PlotProgress());
+
+    /// The plot's file with the extension .txt; of a sample, in the current folder.
+    CString GetSummaryPathName() const;
+    /// \return FALSE when it could not be written, or there is no plot
+    BOOL SaveSummary(LPCTSTR lpszPathName) const;
 
     const CString &GetPathName() const { return m_strPathName; }
     CString GetTitle() const;

@@ -115,7 +115,7 @@ const PlotInterpreter::Instruction *PlotInterpreter::find(const char *mnemonic)
     return byMnemonic.value(key(mnemonic), nullptr);
 }
 
-PlotInterpreter::PlotInterpreter(const QByteArray &bytes) : m_scanner(bytes)
+PlotInterpreter::PlotInterpreter(const PlotSource &source) : m_scanner(source)
 {
     initialize();
 }
@@ -127,7 +127,7 @@ Plot PlotInterpreter::run()
     while (plot.complete && m_scanner.nextMnemonic(mnemonic)) {
         const Instruction *instruction = find(mnemonic);
         if (!instruction)
-            m_scanner.numbers();
+            m_scanner.skipNumbers();
         if (instruction && carryOut(*instruction)) {
             ++plot.instructionCount;
             continue;
@@ -145,8 +145,10 @@ Plot PlotInterpreter::run()
 bool PlotInterpreter::carryOut(const Instruction &instruction)
 {
     if (instruction.parameters != Parameters::Own)
-        m_numbers = m_scanner.numbers();
-    if (instruction.parameters == Parameters::Numbers && m_numbers.damaged)
+        m_scanner.numbers(m_numbers);
+    // No such instruction looks at more numbers than come at once.
+    if (instruction.parameters == Parameters::Numbers
+        && (m_numbers.damaged || (m_numbers.more && !m_scanner.skipNumbers())))
         return false;
     return (this->*instruction.handler)();
 }
@@ -359,13 +361,20 @@ void PlotInterpreter::setPenDown(bool down)
 bool PlotInterpreter::plotPairs(bool relative)
 {
     const QPointF unit = unitsPerUserUnit();
-    for (std::size_t i = 0; i + 1 < count(); i += 2) {
-        const double x = parameter(i);
-        const double y = parameter(i + 1);
-        if (!moveTo(relative ? m_position + QPointF(x * unit.x(), y * unit.y()) : toPlotterUnits(x, y)))
-            return false;
+    for (;;) {
+        for (std::size_t i = 0; i + 1 < count(); i += 2) {
+            const double x = parameter(i);
+            const double y = parameter(i + 1);
+            if (!moveTo(relative ? m_position + QPointF(x * unit.x(), y * unit.y()) : toPlotterUnits(x, y))) {
+                if (m_numbers.more)
+                    m_scanner.skipNumbers();
+                return false;
+            }
+        }
+        if (!m_numbers.more)
+            return !m_numbers.damaged && count() % 2 == 0;
+        m_scanner.numbers(m_numbers);
     }
-    return !m_numbers.damaged && count() % 2 == 0;
 }
 
 bool PlotInterpreter::moveTo(const QPointF &position)

@@ -9,13 +9,14 @@
 class PlotInterpreter
 {
 public:
-    explicit PlotInterpreter(const QByteArray &bytes);
+    explicit PlotInterpreter(const PlotSource &source);
 
     Plot run();
 
 private:
     using Handler = bool (PlotInterpreter::*)();
     struct Instruction;
+    struct Polyline;
     enum class Parameters {
         Numbers,    // all or nothing
         Pairs,      // those before a damaged one count
@@ -85,6 +86,9 @@ private:
     bool plotPairs(bool relative);
     bool moveTo(const QPointF &position);
     void endStroke();
+
+    bool plotEncoded(char c, Polyline &polyline);
+    bool plotEncodedNumber(double number, Polyline &polyline);
 
     QPointF unitsPerUserUnit() const;
     QPointF toPlotterUnits(double x, double y) const;

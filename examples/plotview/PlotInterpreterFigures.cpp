@@ -20,12 +20,9 @@ QPolygonF polyline(std::initializer_list<QPointF> points)
 
 } // namespace
 
-// Numbers of base 64 (or 32), low digit first; the high range of characters ends a number, its lowest bit is
-// the sign.
-bool PlotInterpreter::encodedPolyline()
+// What a polyline's flags and digits before this one said.
+struct PlotInterpreter::Polyline
 {
-    bool terminated = false;
-    const QByteArray code = m_scanner.text(';', terminated);
     bool sevenBit = false;
     bool selectsPen = false;
     bool setsFraction = false;
@@ -36,55 +33,86 @@ bool PlotInterpreter::encodedPolyline()
     double place = 1;
     bool hasX = false;
     double x = 0;
-    for (const char c : code) {
-        const int byte = static_cast<unsigned char>(c);
-        const int lastDigit = sevenBit ? 95 : 191;
-        const int base = sevenBit ? 32 : 64;
-        const bool isDigit = byte >= 63 && byte < 63 + base;
-        const bool isLastDigit = byte >= lastDigit && byte < lastDigit + base;
-        if (byte <= ' ')
-            continue;
-        switch (c) {
-        case '7': sevenBit = true; continue;
-        case ':': selectsPen = true; continue;
-        case '<': isUp = true; continue;
-        case '>': setsFraction = true; continue;
-        case '=': isAbsolute = true; continue;
-        default: break;
-        }
-        if ((!isDigit && !isLastDigit) || place > 1e15)
+};
+
+bool PlotInterpreter::encodedPolyline()
+{
+    Polyline polyline;
+    PlotScanner::TextEnd end;
+    do {
+        const QByteArray code = m_scanner.textPart(';', end);
+        for (int i = 0; i < code.size(); ++i) {
+            if (plotEncoded(code.at(i), polyline))
+                continue;
+            bool terminated = false;
+            m_scanner.pass(i + 1);
+            m_scanner.text(';', terminated);
             return false;
-        value += place * (byte - (isDigit ? 63 : lastDigit));
-        place *= base;
-        if (isDigit)
-            continue;
-        double number = std::floor(value / 2) * (std::fmod(value, 2) != 0 ? -1 : 1);
-        value = 0;
-        place = 1;
-        if (selectsPen) {
-            m_numbers.values.assign(1, number);
-            if (!selectPen())
-                return false;
-            selectsPen = false;
-        } else if (setsFraction) {
-            fraction = std::ldexp(1.0, -static_cast<int>(qBound(0.0, number, 26.0)));
-            setsFraction = false;
-        } else if (!hasX) {
-            x = number * fraction;
-            hasX = true;
-        } else {
-            number *= fraction;
-            const QPointF unit = unitsPerUserUnit();
-            setPenDown(!isUp);
-            if (!moveTo(isAbsolute ? toPlotterUnits(x, number)
-                                   : m_position + QPointF(x * unit.x(), number * unit.y())))
-                return false;
-            hasX = false;
-            isUp = false;
-            isAbsolute = false;
         }
+        m_scanner.pass(code.size());
+    } while (end == PlotScanner::TextEnd::GoesOn);
+    if (end == PlotScanner::TextEnd::Terminated)
+        m_scanner.pass(1);
+    return end == PlotScanner::TextEnd::Terminated;
+}
+
+// Numbers of base 64 (or 32), low digit first; the high range of characters ends a number, its lowest bit is
+// the sign.
+bool PlotInterpreter::plotEncoded(char c, Polyline &polyline)
+{
+    const int byte = static_cast<unsigned char>(c);
+    const int lastDigit = polyline.sevenBit ? 95 : 191;
+    const int base = polyline.sevenBit ? 32 : 64;
+    const bool isDigit = byte >= 63 && byte < 63 + base;
+    const bool isLastDigit = byte >= lastDigit && byte < lastDigit + base;
+    if (byte <= ' ')
+        return true;
+    switch (c) {
+    case '7': polyline.sevenBit = true; return true;
+    case ':': polyline.selectsPen = true; return true;
+    case '<': polyline.isUp = true; return true;
+    case '>': polyline.setsFraction = true; return true;
+    case '=': polyline.isAbsolute = true; return true;
+    default: break;
     }
-    return terminated;
+    if ((!isDigit && !isLastDigit) || polyline.place > 1e15)
+        return false;
+    polyline.value += polyline.place * (byte - (isDigit ? 63 : lastDigit));
+    polyline.place *= base;
+    if (isDigit)
+        return true;
+    const double number = std::floor(polyline.value / 2) * (std::fmod(polyline.value, 2) != 0 ? -1 : 1);
+    polyline.value = 0;
+    polyline.place = 1;
+    return plotEncodedNumber(number, polyline);
+}
+
+bool PlotInterpreter::plotEncodedNumber(double number, Polyline &polyline)
+{
+    if (polyline.selectsPen) {
+        polyline.selectsPen = false;
+        m_numbers.values.assign(1, number);
+        return selectPen();
+    }
+    if (polyline.setsFraction) {
+        polyline.setsFraction = false;
+        polyline.fraction = std::ldexp(1.0, -static_cast<int>(qBound(0.0, number, 26.0)));
+        return true;
+    }
+    number *= polyline.fraction;
+    polyline.hasX = !polyline.hasX;
+    if (polyline.hasX) {
+        polyline.x = number;
+        return true;
+    }
+    const QPointF unit = unitsPerUserUnit();
+    const QPointF to = polyline.isAbsolute
+        ? toPlotterUnits(polyline.x, number)
+        : m_position + QPointF(polyline.x * unit.x(), number * unit.y());
+    setPenDown(!polyline.isUp);
+    polyline.isUp = false;
+    polyline.isAbsolute = false;
+    return moveTo(to);
 }
 
 bool PlotInterpreter::circle()

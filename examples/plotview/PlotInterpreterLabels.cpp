@@ -22,7 +22,7 @@ bool PlotInterpreter::skipText()
 
 bool PlotInterpreter::comment()
 {
-    m_scanner.numbers();
+    m_scanner.skipNumbers();
     return m_scanner.skipQuoted();
 }
 
@@ -48,7 +48,7 @@ bool PlotInterpreter::labelTerminator()
     if (terminator == '\n' || terminator == '\x1b')
         return false;
     m_settings.terminator = terminator ? terminator : '\x03';
-    m_scanner.numbers();
+    m_scanner.skipNumbers();
     return true;
 }
 

@@ -128,6 +128,7 @@ void PlotMainForm::makeMenus()
     samples->addAction(addCommand(ID_SAMPLE_ISLAND, IDS_SAMPLE_ISLAND));
     file->addSeparator();
     file->addAction(addCommand(ID_PLOT_PROPERTIES, IDS_FILE_PROPERTIES, Qt::ALT + Qt::Key_Return));
+    file->addAction(addCommand(ID_PLOT_SUMMARY, IDS_FILE_SUMMARY, Qt::CTRL + Qt::SHIFT + Qt::Key_S));
     file->addSeparator();
     file->addAction(addCommand(ID_PLOT_QUIT, IDS_FILE_QUIT, Qt::CTRL + Qt::Key_Q));
     m_commands[ID_PLOT_OPEN]->setIcon(drawnIcon(drawFolder));

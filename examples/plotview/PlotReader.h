@@ -6,6 +6,8 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
+#include <functional>
+
 /// What came of reading a plot file.
 struct PlotReading
 {
@@ -14,15 +16,20 @@ struct PlotReading
         Unreadable,     ///< the file does not exist, or the system refuses it
         Empty,          ///< no bytes, or only blanks
         TooLarge,       ///< more than PlotReader::LargestFile bytes
-        NoInstructions  ///< nothing in it is HP-GL
+        NoInstructions, ///< nothing in it is HP-GL
+        Cancelled       ///< the PlotProgress said so
     };
 
     Result result = Ok;
     Plot plot;
 };
 
+/// Is told now and then how many bytes were read, and of how many; 0 when nobody knows. Answers whether to go
+/// on.
+using PlotProgress = std::function<bool(qint64 done, qint64 total)>;
+
 /// Reads HP-GL, the plotters' text format. Bad input never fails hard: what is unknown or damaged is skipped
-/// and counted, time and memory are bounded by the size of the input and the limits below.
+/// and counted. Time is bounded by the size of the input, memory by what is kept of it and the limits below.
 class PlotReader
 {
 public:
@@ -32,6 +39,6 @@ public:
     static constexpr int LongestLabel = 1024;               ///< longer ones are cut
     static constexpr double LargestCoordinate = 8388608.0;  ///< plotter units, either side of the origin
 
-    static PlotReading readFile(const QString &path);
+    static PlotReading readFile(const QString &path, const PlotProgress &progress = PlotProgress());
     static PlotReading readBytes(const QByteArray &bytes);
 };

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "PlotScanner.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 
 namespace {
 
@@ -29,6 +31,11 @@ bool startsNumber(char c)
     return isDigit(c) || c == '+' || c == '-' || c == '.';
 }
 
+bool endsLine(char c)
+{
+    return c == '\n' || c == '\r';
+}
+
 char upperCase(char c)
 {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
@@ -36,23 +43,33 @@ char upperCase(char c)
 
 } // namespace
 
+bool PlotScanner::fill(int bytes)
+{
+    m_window.remove(0, m_at);
+    m_dropped += m_at;
+    m_at = 0;
+    while (m_window.size() < bytes && !m_sourceEnded)
+        m_sourceEnded = !m_source(m_window);
+    return m_window.size() >= bytes;
+}
+
 bool PlotScanner::nextMnemonic(char (&mnemonic)[3])
 {
     bool inStrayRun = false;
     while (!atEnd()) {
-        const char c = m_bytes.at(m_at);
+        const char c = m_window.at(m_at);
         if (c == Escape) {
             skipEscape();
             inStrayRun = false;
-        } else if (c == '@' && m_bytes.mid(m_at, 4) == "@PJL") {
+        } else if (c == '@' && has(4) && m_window.mid(m_at, 4) == "@PJL") {
             skipLine();
             inStrayRun = false;
         } else if (isSeparator(c) || c == ';') {
             ++m_at;
             inStrayRun = inStrayRun && c != ';';
-        } else if (isLetter(c) && m_at + 1 < m_bytes.size() && isLetter(m_bytes.at(m_at + 1))) {
+        } else if (isLetter(c) && has(2) && isLetter(m_window.at(m_at + 1))) {
             mnemonic[0] = upperCase(c);
-            mnemonic[1] = upperCase(m_bytes.at(m_at + 1));
+            mnemonic[1] = upperCase(m_window.at(m_at + 1));
             mnemonic[2] = '\0';
             m_at += 2;
             return true;
@@ -65,14 +82,20 @@ bool PlotScanner::nextMnemonic(char (&mnemonic)[3])
     return false;
 }
 
-PlotNumbers PlotScanner::numbers()
+void PlotScanner::numbers(PlotNumbers &numbers)
 {
-    PlotNumbers numbers;
+    numbers.values.clear();
+    numbers.damaged = false;
+    numbers.more = false;
     while (!atEnd()) {
-        const char c = m_bytes.at(m_at);
+        const char c = m_window.at(m_at);
         if (isSeparator(c)) {
             ++m_at;
         } else if (startsNumber(c)) {
+            if (numbers.values.size() == MostNumbers && !numbers.damaged) {
+                numbers.more = true;
+                break;
+            }
             double value = 0;
             numbers.damaged = !number(value) || numbers.damaged;
             if (!numbers.damaged)
@@ -83,52 +106,94 @@ PlotNumbers PlotScanner::numbers()
             break;
         }
     }
-    return numbers;
+}
+
+bool PlotScanner::skipNumbers()
+{
+    do {
+        numbers(m_skipped);
+    } while (m_skipped.more);
+    return !m_skipped.damaged;
 }
 
 bool PlotScanner::number(double &value)
 {
-    const int start = m_bytes.at(m_at) == '+' ? m_at + 1 : m_at;
-    const char *first = m_bytes.constData() + start;
-    const char *last = m_bytes.constData() + m_bytes.size();
+    has(LongestNumber);
+    const int start = m_window.at(m_at) == '+' ? m_at + 1 : m_at;
+    const int end = std::min(m_window.size(), m_at + LongestNumber);
+    const char *first = m_window.constData() + start;
+    const char *last = m_window.constData() + end;
     const std::from_chars_result result = std::from_chars(first, last, value);
     // from_chars would take "inf" and "nan", and a sign behind the plus.
-    const bool plain = start < m_bytes.size() && *first != '+' && !(start != m_at && *first == '-')
+    const bool plain = start < end && *first != '+' && !(start != m_at && *first == '-')
                        && result.ptr != first && std::isfinite(value);
     if (!plain) {
         ++m_at;
         return false;
     }
-    m_at = static_cast<int>(result.ptr - m_bytes.constData());
-    return result.ec == std::errc() && std::fabs(value) <= LargestNumber;
+    const bool isWhole = result.ptr - (m_window.constData() + m_at) < LongestNumber;
+    m_at = static_cast<int>(result.ptr - m_window.constData());
+    return isWhole && result.ec == std::errc() && std::fabs(value) <= LargestNumber;
 }
 
 QByteArray PlotScanner::text(char terminator, bool &terminated)
 {
-    const int start = m_at;
-    const auto known = static_cast<unsigned char>(terminator);
-    const int end = m_exhausted.test(known) ? -1 : m_bytes.indexOf(terminator, start);
+    const int end = find(terminator);
     terminated = end >= 0;
-    m_exhausted.set(known, !terminated);
     if (terminated) {
+        const QByteArray text = m_window.mid(m_at, end - m_at);
         m_at = end + 1;
-        return m_bytes.mid(start, end - start);
+        return text;
     }
-    while (!atEnd() && m_bytes.at(m_at) != '\n' && m_bytes.at(m_at) != '\r')
-        ++m_at;
-    return m_bytes.mid(start, m_at - start);
+    QByteArray text;
+    for (; !atEnd() && !endsLine(m_window.at(m_at)); ++m_at) {
+        if (text.size() < LongestText)
+            text.append(m_window.at(m_at));
+    }
+    return text;
+}
+
+QByteArray PlotScanner::textPart(char terminator, TextEnd &end)
+{
+    const int terminatorAt = find(terminator);
+    int length = LongestText;
+    end = TextEnd::GoesOn;
+    if (terminatorAt >= 0) {
+        length = terminatorAt - m_at;
+        end = TextEnd::Terminated;
+    } else if (!has(LongestText)) {
+        const auto first = m_window.cbegin() + m_at;
+        length = static_cast<int>(std::find_if(first, m_window.cend(), endsLine) - first);
+        end = TextEnd::Missing;
+    }
+    return QByteArray::fromRawData(m_window.constData() + m_at, length);
+}
+
+// Where the next one stands in the window, if a text can be that long; otherwise -1.
+int PlotScanner::find(char terminator)
+{
+    has(LongestText);
+    qint64 &absentUpTo = m_absentUpTo[static_cast<unsigned char>(terminator)];
+    const int end = std::min(m_window.size(), m_at + LongestText);
+    const int start = static_cast<int>(qBound<qint64>(m_at, absentUpTo - m_dropped, end));
+    const char *bytes = m_window.constData();
+    const void *found = std::memchr(bytes + start, terminator, static_cast<std::size_t>(end - start));
+    if (found)
+        return static_cast<int>(static_cast<const char *>(found) - bytes);
+    absentUpTo = m_dropped + end;
+    return -1;
 }
 
 char PlotScanner::character()
 {
-    if (atEnd() || m_bytes.at(m_at) == ';')
+    if (atEnd() || m_window.at(m_at) == ';')
         return '\0';
-    return m_bytes.at(m_at++);
+    return m_window.at(m_at++);
 }
 
 bool PlotScanner::skipQuoted()
 {
-    if (atEnd() || m_bytes.at(m_at) != '"')
+    if (atEnd() || m_window.at(m_at) != '"')
         return true;
     ++m_at;
     bool terminated = false;
@@ -144,17 +209,17 @@ void PlotScanner::skipEscape()
     ++m_at;
     if (atEnd())
         return;
-    const char introducer = m_bytes.at(m_at++);
+    const char introducer = m_window.at(m_at++);
     if (introducer == '.') {
         if (!atEnd())
             ++m_at;
-        while (!atEnd() && (isDigit(m_bytes.at(m_at)) || m_bytes.at(m_at) == ';'))
+        while (!atEnd() && (isDigit(m_window.at(m_at)) || m_window.at(m_at) == ';'))
             ++m_at;
-        if (!atEnd() && m_bytes.at(m_at) == ':')
+        if (!atEnd() && m_window.at(m_at) == ':')
             ++m_at;
     } else if (introducer >= '!' && introducer <= '/') {
         for (int i = 0; i < LongestSequence && !atEnd(); ++i) {
-            const char c = m_bytes.at(m_at++);
+            const char c = m_window.at(m_at++);
             if (c >= '@' && c <= '^')
                 break;
         }
@@ -163,6 +228,6 @@ void PlotScanner::skipEscape()
 
 void PlotScanner::skipLine()
 {
-    while (!atEnd() && m_bytes.at(m_at) != '\n')
+    while (!atEnd() && m_window.at(m_at) != '\n')
         ++m_at;
 }

@@ -22,6 +22,7 @@ public:
     /// Tells the user in a message box, or standard error when nobody is there to press its button.
     void Report(const CString &strText) const;
     void SetUnattended() { m_bUnattended = TRUE; }
+    BOOL IsUnattended() const { return m_bUnattended; }
 
     CMainWindow *GetMainWindow() const { return m_pMainWindow.get(); }
     /// Of the plot that comes with the program and is opened by the command.

@@ -17,3 +17,10 @@ CString toCString(const QString &text)
 {
     return CString(text.toStdWString());
 }
+
+CString shortenedPath(const CString &path, int longest)
+{
+    if (path.GetLength() <= longest)
+        return path;
+    return _T("\u2026") + path.Right(longest);
+}

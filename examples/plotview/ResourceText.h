@@ -10,3 +10,6 @@ QString resourceText(UINT id);
 
 QString toQString(LPCTSTR text);
 CString toCString(const QString &text);
+
+/// The end of a path that is longer. What Format() makes has room for a thousand characters, paths have more.
+CString shortenedPath(const CString &path, int longest = 400);

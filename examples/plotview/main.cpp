@@ -3,6 +3,8 @@
 
 #include "MainWindow.h"
 #include "PlotMainForm.h"
+#include "PlotProgressDialog.h"
+#include "PlotProgressForm.h"
 #include "PlotPropertiesDialog.h"
 #include "PlotPropertiesForm.h"
 #include "PlotViewApp.h"
@@ -44,6 +46,23 @@ bool renderDialog(CMainWindow *window, const QString &path)
     return saved;
 }
 
+// As it looks while a large plot is read.
+bool renderProgress(CMainWindow *window, const QString &path)
+{
+    constexpr ULONGLONG megabyte = 1024 * 1024;
+    CPlotProgressDialog dialog(_T("site-survey.hpgl"), window);
+    dialog.Advance(21 * megabyte, 50 * megabyte);
+    return savePicture(dialog.GetForm(), path);
+}
+
+bool saveSummary(CMainWindow *window, const QString &path)
+{
+    const bool saved = window->SaveSummary(toCString(path));
+    if (saved)
+        std::printf("%s\n", qPrintable(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath())));
+    return saved;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -59,13 +78,20 @@ int main(int argc, char **argv)
     const QCommandLineOption renderProperties(QStringLiteral("render-dialog"),
                                               QStringLiteral("Renders the properties dialog, likewise."),
                                               QStringLiteral("picture"));
-    parser.addOptions({render, renderProperties});
+    const QCommandLineOption renderReading(QStringLiteral("render-progress"),
+                                           QStringLiteral("Renders the progress dialog, likewise."),
+                                           QStringLiteral("picture"));
+    const QCommandLineOption summary(QStringLiteral("summary"),
+                                     QStringLiteral("Writes the summary of the plot to a file and ends."),
+                                     QStringLiteral("text file"));
+    parser.addOptions({render, renderProperties, renderReading, summary});
     parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("The plot to open."),
                                  QStringLiteral("[file]"));
     parser.process(qtApplication);
 
-    const bool renders = parser.isSet(render) || parser.isSet(renderProperties);
-    if (renders)
+    const bool endsAtOnce = parser.isSet(render) || parser.isSet(renderProperties)
+                            || parser.isSet(renderReading) || parser.isSet(summary);
+    if (endsAtOnce)
         application.SetUnattended();
     const QStringList files = parser.positionalArguments();
     const CString path = files.isEmpty() ? CString() : toCString(files.first());
@@ -73,11 +99,14 @@ int main(int argc, char **argv)
         return 1;
     CMainWindow *window = application.GetMainWindow();
     int result = 0;
-    if (renders) {
+    if (endsAtOnce) {
         QCoreApplication::processEvents();
         const bool saved = (!parser.isSet(render) || savePicture(window->GetForm(), parser.value(render)))
                            && (!parser.isSet(renderProperties)
-                               || renderDialog(window, parser.value(renderProperties)));
+                               || renderDialog(window, parser.value(renderProperties)))
+                           && (!parser.isSet(renderReading)
+                               || renderProgress(window, parser.value(renderReading)))
+                           && (!parser.isSet(summary) || saveSummary(window, parser.value(summary)));
         result = saved ? 0 : 1;
     } else {
         result = QApplication::exec();

@@ -3,6 +3,7 @@
 
 // Dialogs.
 #define IDD_PLOT_PROPERTIES             101
+#define IDD_PLOT_PROGRESS               102
 
 // Strings; strings.txt holds the texts, without a gap from IDS_FIRST to IDS_LAST.
 #define IDS_FIRST                       200
@@ -67,7 +68,26 @@
 #define IDS_ERROR_NO_INSTRUCTIONS       258
 #define IDS_ERROR_DAMAGED               259
 #define IDS_ERROR_TOO_MUCH              260
-#define IDS_LAST                        260
+#define IDS_FILE_SUMMARY                261
+#define IDS_PROGRESS_CAPTION            262
+#define IDS_PROGRESS_PLOT_FORMAT        263
+#define IDS_PROGRESS_AMOUNT_FORMAT      264
+#define IDS_PROGRESS_UNKNOWN_FORMAT     265
+#define IDS_SUMMARY_PLOT                266
+#define IDS_SUMMARY_DATE                267
+#define IDS_SUMMARY_BLANK               268
+#define IDS_SUMMARY_BOUNDS              269
+#define IDS_SUMMARY_SIZE                270
+#define IDS_SUMMARY_STROKES             271
+#define IDS_SUMMARY_AREAS               272
+#define IDS_SUMMARY_LABELS              273
+#define IDS_SUMMARY_INSTRUCTIONS        274
+#define IDS_SUMMARY_INCOMPLETE          275
+#define IDS_SUMMARY_PEN                 276
+#define IDS_SUMMARY_SAVED_FORMAT        277
+#define IDS_SUMMARY_REPLACE_FORMAT      278
+#define IDS_ERROR_SUMMARY               279
+#define IDS_LAST                        279
 
 // Controls of the main window.
 #define IDC_CANVAS                      1000
@@ -91,10 +111,16 @@
 #define IDC_MARGIN_VALUE                1111
 #define IDC_PREVIEW                     1112
 
+// Controls of the progress dialog.
+#define IDC_PROGRESS_PLOT               1201
+#define IDC_PROGRESS_BAR                1202
+#define IDC_PROGRESS_AMOUNT             1203
+
 // Commands.
 #define ID_PLOT_OPEN                    32771
 #define ID_PLOT_PROPERTIES              32772
 #define ID_PLOT_QUIT                    32773
+#define ID_PLOT_SUMMARY                 32774
 #define ID_SAMPLE_FIRST                 32780
 #define ID_SAMPLE_HOUSING               32780
 #define ID_SAMPLE_CURVES                32781

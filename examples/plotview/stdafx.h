@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <afx.h>
 #include <afxwin.h>
 #include <afxext.h>
 #include <atlbase.h>

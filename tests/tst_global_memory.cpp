@@ -13,7 +13,7 @@
 #include <functional>
 
 // Read by the address sanitizer, which otherwise ends the program where malloc() is to return null.
-extern "C" const char *__asan_default_options();
+extern "C" Q_DECL_EXPORT const char *__asan_default_options();
 const char *__asan_default_options()
 {
     return "allocator_may_return_null=1";

@@ -16,13 +16,15 @@
 ///
 /// Indexes and counts are `long`, elements are numbered from 0. Arguments are looked at but not corrected:
 /// whatever is wrong with them goes to AfxThrowInvalidArgException(), and the call then carries on with them
-/// as they are. In MFC the same mistakes throw. Memory that runs out throws std::bad_alloc.
+/// as they are, so that GetAt() behind the end reads what is there. Where that would write outside the
+/// collection's memory, or a list or node is null, nothing happens instead. In MFC the same mistakes throw.
+/// Memory that runs out, and a size that no memory has, throws std::bad_alloc.
 ///
 /// A collection cannot be copied; CStringArray::Copy() and its like copy the contents. Nothing is serialised.
 
 /// Where the collections report a wrong argument. It does nothing; a build that is to stop at such mistakes
 /// stops here. MFC's function of this name throws.
-inline void AfxThrowInvalidArgException() noexcept {}
+inline void AfxThrowInvalidArgException() {}
 
 // ---- Arrays -------------------------------------------------------------------------------------------
 
@@ -98,6 +100,8 @@ public:
     /// As GetSize().
     long GetCount() const { return m_array.size; }
     bool IsEmpty() const { return m_array.size == 0; }
+    /// The index of the last element; -1 when there is none.
+    long GetUpperBound() const { return m_array.size - 1; }
 
     /// Makes the array `nNewSize` elements long: new ones are empty, those beyond the end are destroyed. A
     /// `nGrowBy` of 0 or more becomes the grow step, where 0 asks for the computed one; -1 keeps the step.
@@ -474,9 +478,10 @@ private:
 
 /// A hash map from texts to pointers, which it does not own; CMapStringToPtr of MFC.
 ///
-/// A key has fewer than 512 characters: of a longer one the first 511 are kept, and it is not found again
-/// under its full text. Keys are told apart with regard to case. The table keeps its number of buckets, 17 at
-/// first; InitHashTable() suits it to more elements. Memory is released when the map becomes empty.
+/// A key has fewer than 512 characters. A longer one is cut, and then no key finds or removes it, so that it
+/// is added once more each time. Keys are told apart with regard to case. The table keeps its number of
+/// buckets, 17 at first; InitHashTable() suits it to more elements. Memory is released when the map becomes
+/// empty.
 class KX_EXPORT CMapStringToPtr : public CObject
 {
 public:

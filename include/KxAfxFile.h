@@ -19,9 +19,54 @@
 /// Names are read as QString::fromWCharArray() reads them, `/` separates their parts; null is the empty name.
 
 struct CFileStatus;
-class CFileException;
 class CFileImpl;
 class CStdioFileImpl;
+
+/// The base of MFC's exceptions, for source that catches a pointer to one; nothing here throws any.
+class CException : public CObject
+{
+public:
+    virtual ~CException() = default;
+
+    /// Has no message to tell. \return FALSE
+    virtual BOOL GetErrorMessage(wchar_t *, unsigned int, unsigned int * = nullptr) const { return FALSE; }
+    /// Deletes the object, which was made with `new`.
+    void Delete() { delete this; }
+};
+
+/// Why a file could not be used; CFileException of MFC. It is there for source that hands one to CFile::Open()
+/// or catches it: nothing here throws or fills one, so that the cause stays none.
+class CFileException : public CException
+{
+public:
+    /// The values of m_cause.
+    enum {
+        none,
+        genericException,
+        fileNotFound,
+        badPath,
+        tooManyOpenFiles,
+        accessDenied,
+        invalidFile,
+        removeCurrentDir,
+        directoryFull,
+        badSeek,
+        hardIO,
+        sharingViolation,
+        lockViolation,
+        diskFull,
+        endOfFile
+    };
+
+    explicit CFileException(int cause = none, LONG lOsError = -1, const wchar_t *lpszFileName = nullptr)
+        : m_cause(cause), m_lOsError(lOsError), m_strFileName(lpszFileName)
+    {
+    }
+
+    int m_cause;
+    LONG m_lOsError;
+    CString m_strFileName;
+};
 
 /// A point in time, in seconds since the start of 1970 (UTC); CTime of MFC, or what of it the files need.
 class KX_EXPORT CTime
@@ -30,10 +75,9 @@ public:
     /// The point 0.
     CTime() = default;
     CTime(std::time_t time) : m_time(time) {}
-    /// A local date and time: months and days count from 1. `nDST` is 1 for summer time, 0 for winter time
-    /// and
-    /// -1 where the rules of the time zone decide. Numbers out of range carry over, as with mktime(); what it
-    /// cannot tell is -1.
+    /// A local date and time: months and days count from 1. `nDST` is 1 for summer time, 0 for winter time,
+    /// below 0 where the rules of the time zone decide. Numbers out of range carry over, as with mktime();
+    /// what it cannot tell is -1.
     CTime(int nYear, int nMonth, int nDay, int nHour, int nMin, int nSec, int nDST = -1);
 
     static CTime GetCurrentTime() { return std::time(nullptr); }
@@ -107,12 +151,13 @@ public:
     /// m_hFile of a file that is not open: -1.
     static const HANDLE hFileNull;
 
-    /// The file descriptor after Open(), the handle given to CFile(HANDLE), or hFileNull.
+    /// The file descriptor after Open(), which is no handle for CFile(HANDLE); the handle given to that; or
+    /// hFileNull.
     HANDLE m_hFile;
 
     CFile();
     /// Works on a `FILE *`, such as CreateFileW() gives; it stays the caller's and is not closed with this
-    /// object. Null and INVALID_HANDLE_VALUE give a file that is not open.
+    /// object. Null and INVALID_HANDLE_VALUE give a file that is not open, with that as m_hFile.
     explicit CFile(HANDLE hFile);
     /// Opens the file; whether that succeeded is told by m_hFile alone.
     CFile(const wchar_t *lpszFileName, unsigned int nOpenFlags);
@@ -185,7 +230,7 @@ public:
     bool Open(const wchar_t *lpszFileName, unsigned int nOpenFlags,
               CFileException *pError = nullptr) override;
     void Close() override;
-    /// Writes out the text.
+    /// Writes out the text, and what Write() left in the file's buffer.
     void Flush() override;
 
     /// Writes text as it is; no line end is added. Null writes nothing.
@@ -235,7 +280,8 @@ public:
     /// Frees the block, unless it was detached.
     ~CSharedFile() override;
 
-    /// Replaces the contents with a copy of these bytes; MFC adds them at the position.
+    /// Replaces the contents with a copy of these bytes, or with none where there is no memory for it. MFC
+    /// adds them at the position.
     void Write(unsigned char *lpBuf, unsigned int nCount);
     /// Hands the contents over as global memory, to be freed with GlobalFree(); this object keeps none.
     HGLOBAL Detach();
@@ -247,6 +293,7 @@ protected:
 #pragma GCC diagnostic pop
 
 /// Asks whether a file exists. CFileFind of MFC lists directories; here there is no search and no next file.
+/// To be deleted only through its own type.
 class KX_EXPORT CFileFind
 {
 public:

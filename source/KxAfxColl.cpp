@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "KxAfxColl.h"
 
-#include "KxWinCrt.h"
-
 #include <algorithm>
+#include <climits>
 #include <cstdint>
 #include <cstring>
+#include <cwchar>
+#include <iterator>
 #include <memory>
 #include <new>
+#include <string_view>
 
 // ---- Arrays -------------------------------------------------------------------------------------------
 
@@ -67,6 +69,14 @@ long computedGrowStep(long size)
 {
     using Count = std::conditional_t<isPlain<Element>, int, long>;
     return std::min<Count>(1024, std::max<Count>(4, static_cast<Count>(size) / 8));
+}
+
+/// The sum of two counts, neither of which is below 0.
+long sumOf(long count, long more)
+{
+    if (more > LONG_MAX - count)
+        throw std::bad_array_new_length();
+    return count + more;
 }
 
 } // namespace
@@ -132,10 +142,13 @@ void KxArrayBlock<Element>::setSize(long newSize, long newGrowBy)
         capacity = 0;
     } else {
         reserve(newSize);
-        if (newSize > size)
-            constructElements(elements + size, newSize - size);
+        // A size below 0, which wrong arguments leave, counts as none.
+        const long before = std::max(0L, size);
+        const long after = std::max(0L, newSize);
+        if (after > before)
+            constructElements(elements + before, after - before);
         else
-            destroyElements(elements + std::max(0L, newSize), size - std::max(0L, newSize));
+            destroyElements(elements + after, before - after);
     }
     size = newSize;
 }
@@ -144,7 +157,7 @@ template<class Element>
 void KxArrayBlock<Element>::freeExtra()
 {
     if (size != capacity)
-        relocate(size);
+        relocate(std::max(0L, size));
 }
 
 template<class Element>
@@ -174,25 +187,27 @@ void KxArrayBlock<Element>::setAtGrow(long index, Element value)
     if (index < 0)
         AfxThrowInvalidArgException();
     if (index >= size)
-        setSize(index + 1, -1);
-    elements[index] = std::move(value);
+        setSize(index < 0 ? 0 : sumOf(index, 1), -1);
+    if (index >= 0)
+        elements[index] = std::move(value);
 }
 
 /// \return where the gap begins; null when there is none, for a wrong index or count
 template<class Element>
 Element *KxArrayBlock<Element>::insertGap(long index, long count)
 {
-    if (index < 0 || count < 1)
+    const bool isGap = index >= 0 && count >= 1;
+    if (!isGap)
         AfxThrowInvalidArgException();
-    if (index >= size) {
-        setSize(index + count, -1);
-    } else if (index >= 0 && count >= 1) {
-        reserve(size + count);
+    if (index >= size && index >= 0) {
+        setSize(count > 0 ? sumOf(index, count) : index + count, -1);
+    } else if (isGap) {
+        reserve(sumOf(size, count));
         relocateElements(elements + index + count, elements + index, size - index);
         constructElements(elements + index, count);
         size += count;
     }
-    return index >= 0 && count >= 1 ? elements + index : nullptr;
+    return isGap ? elements + index : nullptr;
 }
 
 template<class Element>
@@ -230,7 +245,8 @@ void KxArrayBlock<Element>::removeAt(long index, long count)
     // Of a count that reaches past the end, all of it counts off the size and no slot is touched that is raw.
     const long first = std::max(0L, std::min(index, remaining));
     destroyElements(elements + first, std::min(end, size) - first);
-    relocateElements(elements + index, elements + end, size - end);
+    if (end < size)
+        relocateElements(elements + index, elements + end, size - end);
     size = remaining;
 }
 
@@ -238,7 +254,6 @@ template struct KxArrayBlock<CString>;
 template struct KxArrayBlock<unsigned short>;
 template struct KxArrayBlock<unsigned char>;
 template struct KxArrayBlock<void *>;
-
 
 // ---- List and maps ------------------------------------------------------------------------------------
 
@@ -314,6 +329,14 @@ struct SoughtKey
     std::size_t length = 0;
     unsigned int hash = 0;
 };
+
+/// The link of a bucket's chain to the element of a key, or the null link at its end.
+CMapStringToPtr::CAssoc **findLink(CMapStringToPtr::CAssoc **link, const SoughtKey &sought)
+{
+    while (*link && !sought.isKeyOf(**link))
+        link = &(*link)->pNext;
+    return link;
+}
 
 void freeBlocks(CPlex *&blocks)
 {
@@ -442,7 +465,7 @@ POSITION CStringList::InsertAfter(POSITION position, const CString &newElement)
 
 POSITION CStringList::Find(const wchar_t *searchValue, POSITION startAfter) const
 {
-    const std::wstring_view text = searchValue ? searchValue : L"";
+    const std::wstring_view text = orEmpty(searchValue);
     CNode *current = startAfter ? node(startAfter)->pNext : m_pNodeHead;
     while (current && current->data != text)
         current = current->pNext;
@@ -521,7 +544,8 @@ void *&CMapStringToPtr::operator[](const wchar_t *key)
         }
         found = NewAssoc();
         found->nBucket = bucket;
-        std::wcsncpy(found->key, orEmpty(key), std::size(found->key) - 1);
+        const std::wstring_view text = orEmpty(key);
+        text.copy(found->key, std::size(found->key) - 1);
         found->pNext = m_pHashTable[bucket];
         m_pHashTable[bucket] = found;
     }
@@ -533,15 +557,13 @@ bool CMapStringToPtr::RemoveKey(const wchar_t *key)
     if (!m_pHashTable)
         return false;
     const SoughtKey sought(key);
-    for (CAssoc **link = &m_pHashTable[sought.hash % m_nHashTableSize]; *link; link = &(*link)->pNext) {
-        CAssoc *const found = *link;
-        if (sought.isKeyOf(*found)) {
-            *link = found->pNext;
-            FreeAssoc(found);
-            return true;
-        }
+    CAssoc **const link = findLink(&m_pHashTable[sought.hash % m_nHashTableSize], sought);
+    CAssoc *const found = *link;
+    if (found) {
+        *link = found->pNext;
+        FreeAssoc(found);
     }
-    return false;
+    return found;
 }
 
 void CMapStringToPtr::RemoveAll()
@@ -596,10 +618,7 @@ CMapStringToPtr::CAssoc *CMapStringToPtr::GetAssocAt(const wchar_t *key, unsigne
     const SoughtKey sought(key);
     nHash = sought.hash;
     nBucket = m_nHashTableSize ? nHash % m_nHashTableSize : 0;
-    CAssoc *current = m_pHashTable ? m_pHashTable[nBucket] : nullptr;
-    while (current && !sought.isKeyOf(*current))
-        current = current->pNext;
-    return current;
+    return m_pHashTable ? *findLink(&m_pHashTable[nBucket], sought) : nullptr;
 }
 
 CMapStringToPtr::CAssoc *CMapStringToPtr::NewAssoc()

@@ -1,15 +1,31 @@
 // SPDX-License-Identifier: MIT
 #include "KxAfxFile.h"
 
-#include "KxAfxFile_p.h"
 #include "KxText_p.h"
 #include "KxWinFile.h"
 
 #include <QtCore/QDateTime>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QTextStream>
 
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+
+class CFileImpl
+{
+public:
+    QFile file; // first: whoever is given the private part may take it for the QFile
+    QFileInfo info;
+};
+
+class CStdioFileImpl
+{
+public:
+    QTextStream stream;
+    QString line; // a line's memory serves the next one
+};
 
 // ---- CTime --------------------------------------------------------------------------------------------
 
@@ -177,6 +193,8 @@ bool CFile::GetStatus(const wchar_t *lpszFileName, CFileStatus &rStatus)
 
 bool CFile::GetStatus(CFileStatus &rStatus) const
 {
+    if (m_pImpl->file.isOpen())
+        m_pImpl->file.flush();
     m_pImpl->info.refresh();
     return GetFileStatus(m_pImpl->info, rStatus);
 }
@@ -255,7 +273,7 @@ CMemFile::~CMemFile()
 unsigned int CMemFile::Read(unsigned char *lpBuf, unsigned int nCount)
 {
     if (lpBuf && m_lpBuffer)
-        std::memcpy(lpBuf, m_lpBuffer, std::min(nCount, m_nBufferSize));
+        std::memmove(lpBuf, m_lpBuffer, std::min(nCount, m_nBufferSize));
     return static_cast<unsigned int>(reinterpret_cast<UINT_PTR>(lpBuf));
 }
 
@@ -285,7 +303,7 @@ void CSharedFile::Write(unsigned char *lpBuf, unsigned int nCount)
 
 HGLOBAL CSharedFile::Detach()
 {
-    auto *memory = static_cast<KxGlobalMemory *>(std::malloc(sizeof(KxGlobalMemory)));
+    auto *memory = static_cast<KxGlobalMemory *>(std::malloc(KxGlobalMemory::allocation));
     if (memory) {
         *memory = {m_lpBuffer, m_nBufferSize, 0};
         m_lpBuffer = nullptr;

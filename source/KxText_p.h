@@ -16,6 +16,11 @@ inline QString toQString(const wchar_t *text)
 /// QString::toWCharArray(), faster. \return the number of characters, at most `text.size()`
 std::size_t copyText(const QString &text, wchar_t *target);
 
+/// Fills a caller's field of `count` characters with the text, as much of it as there is room for, and zeros
+/// behind it: a text that fills the field has none. \return the number of characters of the text that are
+/// there
+int fillField(wchar_t *field, int count, const QString &text);
+
 /// Makes `target` the text, in the memory that it has where that is enough.
 void assignText(CString &target, const QString &text);
 

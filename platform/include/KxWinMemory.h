@@ -7,6 +7,7 @@
 #include "KxPlatformExport.h"
 #include "KxWinTypes.h"
 
+#include <cstddef>
 #include <cstdint>
 
 /// What the handle of a movable block points at. Record and data are separate blocks of malloc().
@@ -15,6 +16,9 @@ struct KxGlobalMemory
     void *data;           ///< Null for a block without bytes.
     std::uint64_t size;   ///< Bytes.
     std::uint8_t locks;   ///< How many times it is locked; stays at 255.
+
+    /// The size to ask malloc() for: enough for it to give a multiple of 16, by which a handle is known.
+    static constexpr std::size_t allocation = 32;
 };
 
 /// Allocates `size` bytes. With GMEM_MOVEABLE the result is a handle for GlobalLock(), and 0 bytes make a

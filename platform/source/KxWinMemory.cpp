@@ -3,6 +3,7 @@
 
 #include "KxWinError_p.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
 #include <new>
@@ -47,7 +48,8 @@ HGLOBAL GlobalAlloc(UINT flags, SIZE_T size)
         SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return nullptr;
     }
-    void *block = allocate(flags, sizeof(KxGlobalMemory) + (fixed ? size : 0));
+    const SIZE_T recordSize = sizeof(KxGlobalMemory) + (fixed ? size : 0);
+    void *block = allocate(flags, std::max(recordSize, KxGlobalMemory::allocation));
     auto *record = static_cast<KxGlobalMemory *>(block);
     void *data = fixed || size == 0 ? nullptr : allocate(flags, size);
     if (!record || (!fixed && size > 0 && !data)) {
@@ -65,9 +67,9 @@ LPVOID GlobalLock(HGLOBAL memory)
         SetLastError(ERROR_INVALID_HANDLE);
         return nullptr;
     }
-    KxGlobalMemory *const record = recordOf(memory);
     if (isFixed(memory))
         return memory;
+    KxGlobalMemory *const record = recordOf(memory);
     if (!hasBytes(record)) {
         SetLastError(ERROR_DISCARDED);
         return nullptr;

@@ -72,8 +72,8 @@ public:
     DWORD_PTR GetItemData(HTREEITEM hItem) const;
     /// \return whether there is an item
     BOOL SetItemData(HTREEITEM hItem, DWORD_PTR dwData);
-    /// Gets text and `lParam` of `hItem`: fills the `cchTextMax` characters at `pszText` with the text, cut
-    /// where it is longer, and zeros. \return whether there is an item
+    /// Gets text and `lParam` of `hItem`: fills the `cchTextMax` characters at `pszText` with the text
+    /// and zeros; a text as long or longer leaves no zero. \return whether there is an item
     BOOL GetItem(TVITEMW *pItem) const;
     /// Expands the item, whatever the code says. \return TRUE
     BOOL Expand(HTREEITEM hItem, UINT nCode);

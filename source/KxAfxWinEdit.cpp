@@ -9,8 +9,6 @@
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QTextEdit>
 
-#include <algorithm>
-
 CEdit::~CEdit() = default;
 
 void CEdit::SetWindowTextW(const wchar_t *lpszString)
@@ -74,11 +72,7 @@ void CEdit::SetLimitText(UINT nMax)
 int CEdit::GetLine(int, wchar_t *lpszBuffer, int nMaxLength) const
 {
     const auto *edit = boundWidget<QLineEdit>(this);
-    if (!edit || !lpszBuffer || nMaxLength < 1)
-        return 0;
-    const auto room = static_cast<std::size_t>(nMaxLength);
-    std::fill_n(lpszBuffer, room, L'\0');
-    return static_cast<int>(edit->text().toStdWString().copy(lpszBuffer, room));
+    return edit ? fillField(lpszBuffer, nMaxLength, edit->text()) : 0;
 }
 
 // ---- fixed results -------------------------------------------------------------------------------------

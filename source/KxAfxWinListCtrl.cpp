@@ -146,9 +146,10 @@ BOOL CListCtrl::DeleteItem(int nItem)
 {
     const ListKinds kinds(this);
     if (kinds.rows) {
-        QListWidgetItem *item = kinds.rows->takeItem(nItem);
+        const QListWidgetItem *item = kinds.rows->takeItem(nItem);
+        const bool present = item;
         delete item;
-        return item;
+        return present;
     }
     if (kinds.table) {
         const bool present = nItem >= 0 && nItem < kinds.table->rowCount();
@@ -417,7 +418,9 @@ CEdit *CListCtrl::EditLabel(int nItem)
         kinds.rows->editItem(item);
     } else if (kinds.model && nItem >= 0) {
         kinds.view->selectRow(nItem);
-        kinds.view->edit(kinds.model->index(nItem, 1));
+        const QModelIndex cell = kinds.model->index(nItem, 1);
+        if (cell.isValid())
+            kinds.view->edit(cell);
     }
     return nullptr;
 }

@@ -48,7 +48,7 @@ void CTabCtrl::AddTab(int nIndex, int nTitleID, int, CWnd *pPage)
 {
     auto *tabs = boundWidget<QTabWidget>(this);
     QWidget *page = isSmallHandle(pPage) ? nullptr : KxWidgetFromHwnd(pPage->GetSafeHwnd());
-    if (!tabs || !page)
+    if (!tabs)
         return;
     CString title;
     title.LoadStringW(static_cast<UINT>(nTitleID));

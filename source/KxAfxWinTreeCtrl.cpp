@@ -184,7 +184,7 @@ BOOL CTreeCtrl::GetItem(TVITEMW *pItem) const
 {
     const QTreeWidgetItem *item = pItem ? itemIn(this, pItem->hItem) : nullptr;
     if (item) {
-        fillBuffer(pItem->pszText, pItem->cchTextMax, toCString(item->text(0)));
+        fillField(pItem->pszText, pItem->cchTextMax, item->text(0));
         pItem->lParam = static_cast<LPARAM>(item->data(0, Qt::UserRole).toULongLong());
     }
     return item;

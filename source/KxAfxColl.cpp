@@ -662,7 +662,6 @@ bool CMapStringToString::Lookup(const wchar_t *, CString &) const { return false
 bool CMapStringToString::LookupKey(const wchar_t *, const wchar_t *&) const { return false; }
 const CMapStringToString::CPair *CMapStringToString::PLookup(const wchar_t *) const { return nullptr; }
 CMapStringToString::CPair *CMapStringToString::PLookup(const wchar_t *) { return nullptr; }
-CString &CMapStringToString::operator[](const wchar_t *) { return m_nothing.Empty(), m_nothing; }
 void CMapStringToString::SetAt(const wchar_t *, const wchar_t *) {}
 bool CMapStringToString::RemoveKey(const wchar_t *) { return true; }
 void CMapStringToString::RemoveAll() {}
@@ -676,6 +675,13 @@ unsigned int CMapStringToString::HashKey(const wchar_t *) const { return 0; }
 void CMapStringToString::InitHashTable(unsigned int, bool) {}
 CMapStringToString::CAssoc *CMapStringToString::NewAssoc() { return nullptr; }
 void CMapStringToString::FreeAssoc(CAssoc *) {}
+
+CString &CMapStringToString::operator[](const wchar_t *)
+{
+    m_nothing.Empty();
+    return m_nothing;
+}
+
 CMapStringToString::CAssoc *CMapStringToString::GetAssocAt(const wchar_t *, unsigned int &,
                                                            unsigned int &) const
 {

@@ -3,7 +3,7 @@
 
 #include "KxWinString.h"
 
-#include <cstdarg>
+#include <cwchar>
 #include <cwctype>
 
 CRmUiVolumeDescriptor::CRmUiVolumeDescriptor(const CString &name)
@@ -167,12 +167,9 @@ const wchar_t *textOf(FS_TYPE type)
 
 void dump_file_type(std::FILE **stream, FS_TYPE type, ...)
 {
-    if (!stream || !*stream)
-        return;
-    va_list arguments;
-    va_start(arguments, type);
-    std::vfwprintf(*stream, textOf(type), arguments);
-    va_end(arguments);
+    // No text has a conversion, so there is nothing that the arguments could say.
+    if (stream && *stream)
+        std::fputws(textOf(type), *stream);
 }
 
 unsigned char InitModeMultiByte() { return 0; }

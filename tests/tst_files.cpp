@@ -773,27 +773,15 @@ void tst_Files::closed_data()
         {"open failed", [](CFile &file) { QVERIFY(!file.Open(L"missing", CFile::modeRead)); }, true, 0},
     };
     const auto seek = [](CFile &file) { return qint64(file.Seek(1, CFile::begin)); };
-    const auto seekToBegin = [](CFile &file) {
-        file.SeekToBegin();
-        return qint64(0);
-    };
+    const auto seekToBegin = [](CFile &file) { file.SeekToBegin(); return qint64(0); };
     const auto read = [](CFile &file) {
         char byte = '?';
         const qint64 result = file.Read(&byte, 1);
         return byte == '?' ? result : -2;
     };
-    const auto write = [](CFile &file) {
-        file.Write("a", 1);
-        return qint64(0);
-    };
-    const auto flush = [](CFile &file) {
-        file.Flush();
-        return qint64(0);
-    };
-    const auto close = [](CFile &file) {
-        file.Close();
-        return qint64(0);
-    };
+    const auto write = [](CFile &file) { file.Write("a", 1); return qint64(0); };
+    const auto flush = [](CFile &file) { file.Flush(); return qint64(0); };
+    const auto close = [](CFile &file) { file.Close(); return qint64(0); };
     const auto length = [](CFile &file) { return qint64(file.GetLength()); };
     const auto position = [](CFile &file) { return qint64(file.GetPosition()); };
 

@@ -23,7 +23,8 @@ public:
     ~CComboBox() override;
 
     void GetWindowTextW(CString &rString) const override;
-    /// \copydoc CWnd::GetWindowTextW(wchar_t *, int) const
+    /// Fills `lpszStringBuf` as CWnd::GetWindowTextW(), except that unbound, or on another widget, nothing is
+    /// written.
     int GetWindowTextW(wchar_t *lpszStringBuf, int nMaxCount) const override;
     KX_INERT("returns TRUE; the host makes the widget")
     virtual BOOL Create(UINT dwStyle, const RECT &rect, CWnd *pParentWnd, UINT nID);

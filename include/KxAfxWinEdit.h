@@ -28,7 +28,7 @@ public:
     /// Gets the text, of a spin box with prefix and suffix. Of a QTextEdit nothing is got, and `rString`
     /// stays.
     void GetWindowTextW(CString &rString) const override;
-    /// \copydoc CWnd::GetWindowTextW(wchar_t *, int) const
+    /// Fills `lpszStringBuf` as CWnd::GetWindowTextW(), except that unbound nothing is written.
     int GetWindowTextW(wchar_t *lpszStringBuf, int nMaxCount) const override;
     /// As CWnd::GetWindowTextLengthW().
     int GetWindowTextLengthW() const;

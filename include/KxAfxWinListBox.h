@@ -32,9 +32,11 @@ public:
     /// Appends a row, with every run of white space in the text made one blank and none at its ends.
     /// \return its row
     int AddString(const wchar_t *lpszItem);
-    /// Inserts a row with the text as it is. \return `nIndex` as given
+    /// Inserts a row with the text as it is; below 0, -1 too, at the top, past the end at the end. \return
+    /// `nIndex` as given
     int InsertString(int nIndex, const wchar_t *lpszItem);
-    /// Takes a row out. Its QListWidgetItem is not deleted: it belongs to whoever got hold of it before.
+    /// Takes a row out. Its QListWidgetItem is not deleted: take it with QListWidget::item() before and
+    /// delete it, or it stays for good.
     /// \return `nIndex`, where MFC tells how many remain
     int DeleteString(UINT nIndex);
     void ResetContent();

@@ -24,9 +24,8 @@ struct LIST_POSITION
 ///
 /// - a QListWidget ("list"): rows of one column,
 /// - a QTableWidget ("table"): rows and columns, or
-/// - another QTableView ("view"): rows and columns of a model; what inserts rows or columns or counts them
-/// wants a
-///   QStandardItemModel.
+/// - another QTableView ("view"): rows and columns of a model. Inserting, counting and removing all rows, and
+///   inserting columns, want a QStandardItemModel.
 ///
 /// Rows and columns count from 0; column 0 is the item, the others are its subitems.
 ///
@@ -48,8 +47,9 @@ struct LIST_POSITION
 /// | `InsertColumn(int, text, ...)`                   |      | yes   | yes  |
 /// | `DeleteColumn`, `GetHeaderCtrl`                  |      | yes   | yes  |
 ///
-/// On another kind of widget a member does nothing and fails: -1 for an index, 0, FALSE or null for the rest.
-/// An unbound object gives 0, FALSE or null, and so do the members that would give -1.
+/// On another kind of widget a member does nothing and fails: -1 for a row, 0, FALSE or null for the rest. An
+/// unbound object gives 0, FALSE or null, and so do the members that would give -1. The widget's signals go
+/// out where it is not said that they are quiet. LPSTR_TEXTCALLBACK is the empty text.
 ///
 /// Selected is the state bit 1, which Win32 calls LVIS_FOCUSED; LVIS_SELECTED alone does nothing.
 ///
@@ -90,7 +90,8 @@ public:
     BOOL SetItemData(int nItem, DWORD_PTR dwData);
     /// \return 0 for a row without data
     DWORD_PTR GetItemData(int nItem) const;
-    /// Sets text and item data of the cell (`iItem`, `iSubItem`). `mask` is not looked at.
+    /// Sets text and item data of the cell (`iItem`, `iSubItem`). `mask` is not looked at, so that `pszText`
+    /// must be valid or null.
     /// \return TRUE on a table, whether or not it has such a cell
     BOOL SetItem(const LVITEMW *pItem);
     /// The same; a `nState` of just 1 makes the cell the current one and selects it first.
@@ -100,18 +101,21 @@ public:
     /// else is filled. \return whether it was got
     BOOL GetItem(LVITEMW *pItem) const;
     /// Makes the row current, when `nState` has bit 1, or in a view selects it, when `nMask` has bit 1.
-    /// Nothing is ever deselected. \return TRUE
+    /// Nothing is ever deselected; a row past the end clears the current one. \return whether the widget is
+    /// of a kind that is served
     BOOL SetItemState(int nItem, UINT nState, UINT nMask);
     /// \return 1 when `nMask` has bit 1 and the row is selected, otherwise 0
     UINT GetItemState(int nItem, UINT nMask) const;
     /// The current row of a list, otherwise -1.
     int GetSelectionMark() const;
     /// The current row for a `nFlags` of just LVNI_FOCUSED or LVNI_SELECTED, but -1 in a table when it is
-    /// `nItem`, so that a loop ends behind it. Otherwise -1.
+    /// `nItem`, so that a loop ends behind it. Otherwise -1. On a list, and on an unbound object, such a loop
+    /// would not end: ask once.
     int GetNextItem(int nItem, int nFlags) const;
     /// The number of selected rows.
     UINT GetSelectedCount() const;
-    /// Where GetNextSelectedItem() begins; null when nothing is selected.
+    /// Where GetNextSelectedItem() begins; null when nothing is selected. In a table it is an item and ends
+    /// with it; in a view go on to the end, which frees it, and insert or delete no rows meanwhile.
     POSITION GetFirstSelectedItemPosition() const;
     /// A selected row; `pos` moves to the next one, null behind the last. \return -1 for a null position
     int GetNextSelectedItem(POSITION &pos) const;
@@ -120,15 +124,18 @@ public:
 
     // ---- columns
 
-    /// Inserts a column headed `pszText`. \return `nCol`; -1 when it is negative
+    /// Inserts a column headed `pszText`; past the end nothing. \return `nCol`, also where it is not served;
+    /// -1 when it is negative
     int InsertColumn(int nCol, const LVCOLUMNW *pColumn);
     /// Inserts a column with that heading; a column that has a heading already only gets the new one. Format,
-    /// width and subitem are ignored. \return `nCol`
+    /// width and subitem are ignored. Past the end a table inserts nothing, a model grows up to the column.
+    /// \return `nCol`, also where it is not served
     int InsertColumn(int nCol, const wchar_t *lpszColumnHeading, int nFormat = LVCFMT_LEFT, int nWidth = -1,
                      int nSubItem = -1);
     /// \return whether there was such a column
     BOOL DeleteColumn(int nCol);
-    /// A new object for the horizontal header at each call, owned by the caller; in MFC the list owns it.
+    /// A new object for the horizontal header at each call, owned by the caller, where in MFC the list owns
+    /// it. The one before loses its widget: use one at a time, and delete it before the list's widget goes.
     CHeaderCtrl *GetHeaderCtrl() const;
 
     // ---- fixed results

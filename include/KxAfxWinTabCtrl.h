@@ -24,8 +24,9 @@ public:
     /// Makes a tab current with the widget's signals quiet. \return whether the widget is a QTabWidget
     BOOL SetActiveTab(int nItem);
     int GetItemCount() const;
-    /// Adds the page's widget under the title of a string resource, with the widget's signals quiet. This is
-    /// how a tab comes about; the third argument is ignored.
+    /// Adds the page's widget, which becomes the tab widget's child, under the title of a string resource,
+    /// with the widget's signals quiet; past the end it is appended. A page without a widget adds nothing.
+    /// This is how a tab comes about; the third argument is ignored.
     void AddTab(int nIndex, int nTitleID, int nImage, CWnd *pPage);
     /// Removes a tab; its page stays. \return FALSE below 0 and above the number of tabs; TRUE for just that
     /// number, where nothing is removed

@@ -72,8 +72,10 @@ public:
     DWORD_PTR GetItemData(HTREEITEM hItem) const;
     /// \return whether there is an item
     BOOL SetItemData(HTREEITEM hItem, DWORD_PTR dwData);
-    /// Gets text and `lParam` of `hItem`: fills the `cchTextMax` characters at `pszText` with the text
-    /// and zeros; a text as long or longer leaves no zero. \return whether there is an item
+    /// Gets text and `lParam` of `hItem`: fills the `cchTextMax` characters at `pszText` with the text and
+    /// zeros; a text as long or longer leaves no zero. `mask` is not looked at: `pszText` must be valid or
+    /// null.
+    /// \return whether there is an item
     BOOL GetItem(TVITEMW *pItem) const;
     /// Expands the item, whatever the code says. \return TRUE
     BOOL Expand(HTREEITEM hItem, UINT nCode);
@@ -115,9 +117,9 @@ public:
 
     /// The number of columns.
     int GetItemCount() const;
-    /// Points `pszText` at the text of a column: it lives as long as the header widget, or until the text of
-    /// the column is got again. `mask` is not looked at, nothing else is filled. \return whether the column
-    /// has a text
+    /// Points `pszText` at the text of a column, where MFC fills a buffer of the caller's: it lives as long
+    /// as the header widget, or until the text of the column is got again. `mask` is not looked at, nothing
+    /// else is filled. \return whether the column has a text
     BOOL GetItem(int nPos, HDITEMW *pHeaderItem) const;
     /// Sets the text of a column that has one. `mask` is not looked at. \return whether it has one
     BOOL SetItem(int nPos, HDITEMW *pHeaderItem);

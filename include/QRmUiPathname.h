@@ -16,7 +16,8 @@ class CRmUiPathname;
 /// What a path name names.
 enum path_type : std::uint32_t {
     kNoPath = 0,       ///< Nothing: the object is empty.
-    kNewPath = 1,      ///< Something that is not there, or that was edited and not looked for since.
+    kNewPath = 1,      ///< Something that is not there, or that was edited and not looked for since; every path
+                       ///< with a drive letter.
     kWildcardPath = 2, ///< The base name has `*` or `?`.
     kFilePath = 3,     ///< Something there that is no directory.
     kDirPath = 4,
@@ -55,15 +56,18 @@ public:
 
     // ---- parsing
 
-    /// Parses a path against the current directory; the flag means nothing. \return a status; 4 when the
-    /// current directory itself cannot be parsed, and this object is what it was then, as it is for null
+    /// Parses a path against the current directory, which is read as a path itself: with a colon in it
+    /// nothing can be parsed, and blanks at its end get lost. Without one only absolute paths can. The flag
+    /// means nothing. \return a status; 4 when the current directory cannot be parsed, and this object is
+    /// what it was then, as it is for null
     virtual int Parse(const wchar_t *path, bool flag = false);
     /// Becomes a copy; what operator= calls.
     virtual void AssignCopy(const CRmUiPathname &other);
-    /// Parses a path against a directory, which only a relative path needs and may be null otherwise; the
-    /// flag means nothing. On failure this object is empty, except that null leaves it alone.
+    /// Parses a path against a directory, which only a relative path needs and may be null otherwise; it must
+    /// be another object. The flag means nothing. On failure this object is empty, except that null leaves it
+    /// alone.
     int ParseRelative(const wchar_t *path, const CRmUiPathname *base, bool flag = false);
-    /// Does nothing. \return 1
+    KX_INERT("returns 1; parse with Parse()")
     int ParseAndOSFind(const wchar_t *path);
     /// \return false: nothing here is a device
     bool IsDeviceName(const CString &name) const;
@@ -86,7 +90,9 @@ public:
     wchar_t GetSeparator() const { return m_separator; }
     /// The path as it is kept, null when empty; valid until the object changes.
     const wchar_t *GetPathString() const;
-    /// Looks whether it is there, which updates the type. False for an empty object and for wildcards.
+    /// Looks whether it is there, which updates the type. False for an empty object, for wildcards and for
+    /// paths with a drive letter; a path that got its wildcards by an edit is found out as such, and there,
+    /// once.
     bool Exists();
 
     // ---- pieces; where it says so, `out` is left alone
@@ -98,20 +104,24 @@ public:
     void GetFilename(CString &out) const;
     /// Leaves `out` alone when there is no extension: pass an empty string.
     void GetExtension(CString &out) const;
-    /// Makes `out` the directory that this is in, with a separator at its end. Empty when that is not known.
-    /// Leaves `out` alone when this is not a path.
+    /// Makes `out`, which may be this object, the directory that this is in, with the separator or colon at
+    /// its end. Of a name alone that is the base directory as it was parsed; empty when there is none. The
+    /// type is kDirPath, or kNewPath where a separator at the end had to be dropped. Leaves `out` alone when
+    /// this is not a path.
     void GetParent(CRmUiPathname &out) const;
-    /// The whole path, with its base directory, normalised. \return false when empty
+    /// The whole path, with its base directory, normalised. \return false when empty, and `out` is left alone
     bool GetFullPath(CString &out) const;
-    /// The same into a buffer, which must have the room. \return false when empty, and for null
+    /// The same into a buffer, which must have the room. \return false when empty, which clears the text, and
+    /// for null
     bool GetFullPath(wchar_t *buf) const;
-    /// Does nothing.
+    KX_INERT("does nothing; there are no UNC paths")
     void GetFullUNCPath(CString &out) const;
-    /// The path string, shortened to `maxLen` characters, at least 12; -1 shortens nothing. What is left out
-    /// is told by "..." or "~". A base name alone may be longer. Empty when this is not a path.
+    /// The path string, shortened to `maxLen` characters, less than 12 counting as 12; -1 shortens nothing.
+    /// What is left out is told by "..." behind which a separator stands, by "\..." behind a drive, and
+    /// within a base name by "~". Empty when this is not a path.
     void GetDisplayName(CString &out, int maxLen) const;
 
-    // ---- edits; they return a status
+    // ---- edits; the numbers are a status. Where nothing else is said the type becomes kNewPath
 
     /// Drops the last component and keeps the separator before it; nothing happens when a separator is last.
     int Trim();
@@ -135,8 +145,9 @@ public:
     int RemoveExtensionAlways();
     /// The same when VerifyExtension() accepts the extension.
     int RemoveExtensionIfMatch(const wchar_t *list);
-    /// Takes blanks off both ends of the base name without its extension.
+    /// Takes blanks off both ends of the base name without its extension. The type stays.
     void RemoveSpaces();
+    /// Change the case of the base name. The type stays.
     void BaseToLower();
     void BaseToUpper();
 
@@ -145,7 +156,7 @@ public:
     bool VerifyExtension(const wchar_t *list) const;
     /// The first extension of such a list.
     void GetFirstExtInList(const wchar_t *list, CString &out) const;
-    /// Copies `n` characters and writes a zero behind them.
+    /// Copies just `n` characters, which `src` must have, and writes a zero behind them; below 0 counts as 0.
     void lstrncpy_x(wchar_t *dst, const wchar_t *src, int n) const;
 
     // ---- comparing
@@ -158,21 +169,25 @@ public:
 
     // ---- files
 
-    /// Opens the file for reading, as CreateFileW(). \return whether `handle` is one, -1 otherwise
+    /// Opens the file for reading, as CreateFileW(); CloseHandle() closes it, and CFile(HANDLE) reads it.
+    /// \return whether `handle` is one, -1 otherwise
     bool OpenReadOnly(void *&handle);
     /// Creates or empties the file for writing, as CreateFileW(). \return whether `handle` is one, -1
     /// otherwise
     bool OpenWriteOnly(void *&handle);
     /// Not supported: raises the exception in flight again, and ends the program where there is none.
     bool Open(std::FILE **file, const wchar_t *mode);
-    /// Renames the file within its directory; the path string becomes `newName`. \return whether it succeeded
+    /// Renames the file. Both names are relative to the base directory, so that a new name alone moves a file
+    /// out of the directories of a longer path: for a rooted path give a full path. An existing `newName` is
+    /// a failure. The path string becomes `newName`, the type stays. \return whether it succeeded
     bool Rename(const wchar_t *newName);
-    /// Does nothing. \return false
+    KX_INERT("returns false and removes nothing; use DeleteFile()")
     bool Remove();
-    /// Makes `out` a name beside this one that is not there yet: the file name, five random digits, the
-    /// extension. Without `always`, this name itself when it is not there. `out` is empty when none was found
-    /// in 200 tries, or when it would grow longer than 1023 characters. \return false in the latter case, and
-    /// for an empty object
+    /// Makes `out`, which may be this object, a name that is not there yet, in the same directory: the file
+    /// name ("kxTmp" for none), five random digits of rand(), the extension. Of a path that is a name alone
+    /// nothing is dropped first, so give it its directory. Without `always`, this name itself when it is not
+    /// there. \return true, with `out` empty when 200 tries found nothing; false, with `out` empty, when it
+    /// would grow longer than 1023 characters; false for an empty object
     bool GetUniqueName(CRmUiPathname &out, bool always) const;
 
     // ---- volumes
@@ -196,6 +211,7 @@ protected:
 
 private:
     bool isEditable() const { return IsPath() && m_path; }
+    int take(const wchar_t *path, const CRmUiPathname *base);
     int changed(int status = 0);
     int volumeNameLength() const;
     int baseIndex() const;
@@ -217,7 +233,8 @@ KX_EXPORT int GetPathCatType(wchar_t first, wchar_t second, wchar_t sep, path_ca
 KX_EXPORT void GetWorkString(CString *s, wchar_t sep, wchar_t &last, wchar_t &first, wchar_t &second);
 /// Appends the separator to a UNC path of which nothing follows `index`.
 KX_EXPORT void GetWorkPtrByIndex(path_category cat, CString *s, wchar_t sep, int index);
-/// Makes the base directory of a path: `root` for a rooted one, the full path of `base` for a relative one.
+/// Makes the base directory of a path, the caller's to delete: a copy of `root` for a rooted one, the full
+/// path of `base` for a relative one. What `*dir` was is overwritten.
 KX_EXPORT void GetRelPath(path_category cat, const CString *root, CString **dir, const CRmUiPathname **base);
 /// \return true
 KX_EXPORT bool GetPathBuffer(CString **dir, bool flag, CString *s, wchar_t sep,

@@ -54,9 +54,11 @@ public:
     CRmUiVolumeDescriptor &operator=(const CRmUiVolumeDescriptor &) = delete;
 
     virtual bool CheckReadOnly() const;
-    /// Whether a path can be a name on this volume. An empty one can, null cannot.
+    /// Whether a path can be a name on this volume. An empty one can, null cannot. Pure; the one here says
+    /// false.
     virtual bool ValidateFilename(const CString *name, bool wildcardsAllowed) const = 0;
-    /// Whether a text can be one part of such a path. An empty one can, null cannot.
+    /// Whether a text can be one part of such a path. An empty one can, null cannot. Pure; the one here says
+    /// false.
     virtual bool ValidateSegment(const CString *segment, bool wildcardsAllowed) const = 0;
     virtual bool IsCaseSensitive() const;
     /// \return true
@@ -74,7 +76,8 @@ public:
     virtual unsigned int GetVolFreeSpace() const;
     /// \return true
     virtual bool WillFit(unsigned int size) const;
-    /// Whether the volume is still the one that was described.
+    /// Whether the volume is still the one that was described; always, unless a derived class clears the
+    /// flags.
     virtual bool VolumeValid() const;
 
     /// Asks for the connection of the volume, which cannot be told: what is kept is "GetConnectionName
@@ -117,7 +120,8 @@ public:
     ~CDelVolumeList();
 };
 
-/// The volumes that path names have found; owned by volumelistdel. Only for the thread that parses path
+/// The volumes that path names have found, and that a host adds, made with `new`: volumelistdel deletes them
+/// at exit. One that is taken out must not be used by any path name. Only for the thread that parses path
 /// names.
 extern KX_EXPORT QList<CRmUiVolumeDescriptor *> volumeList;
 extern KX_EXPORT CDelVolumeList volumelistdel;

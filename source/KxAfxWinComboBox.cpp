@@ -5,6 +5,7 @@
 #include "KxComboTexts_p.h"
 #include "KxText_p.h"
 
+#include <QtCore/QPointer>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QComboBox>
 
@@ -61,9 +62,12 @@ int CComboBox::SetCurSel(int nSelect)
         return 0;
     if (nSelect < -1 || nSelect >= combo->count())
         return CB_ERR;
-    const QuietSignals quiet(combo);
+    combo->blockSignals(true);
     combo->setCurrentIndex(nSelect);
+    const QPointer<QComboBox> still = combo; // a host's WindowProc() may do anything
     WindowProc(CB_SETCURSEL, static_cast<WPARAM>(nSelect), 0);
+    if (still)
+        still->blockSignals(false);
     return nSelect;
 }
 
@@ -131,10 +135,9 @@ int CComboBox::FindString(int, const wchar_t *lpszString) const
     return combo ? findRow(combo, lpszString) : 0;
 }
 
-int CComboBox::FindStringExact(int, const wchar_t *lpszFind) const
+int CComboBox::FindStringExact(int nIndexStart, const wchar_t *lpszFind) const
 {
-    const auto *combo = boundWidget<QComboBox>(this);
-    return combo ? findRow(combo, lpszFind) : 0;
+    return FindString(nIndexStart, lpszFind);
 }
 
 int CComboBox::SelectString(int, const wchar_t *lpszString)

@@ -41,7 +41,7 @@ void CEdit::GetWindowTextW(CString &rString) const
 
 int CEdit::GetWindowTextW(wchar_t *lpszStringBuf, int nMaxCount) const
 {
-    return CWnd::GetWindowTextW(lpszStringBuf, nMaxCount);
+    return boundWidget(this) ? CWnd::GetWindowTextW(lpszStringBuf, nMaxCount) : 0;
 }
 
 int CEdit::GetWindowTextLengthW() const

@@ -15,23 +15,15 @@ QListWidgetItem *itemAt(const CListBox *box, int row)
     return list ? list->item(row) : nullptr;
 }
 
-/// The first row whose text passes the test, LB_ERR when there is none.
-template<class Test>
-int findRow(const QListWidget *list, Test test)
-{
-    for (int row = 0; row < list->count(); ++row) {
-        if (test(list->item(row)->text()))
-            return row;
-    }
-    return LB_ERR;
-}
-
+/// The first row with that text in any case, LB_ERR when there is none.
 int findRow(const QListWidget *list, const wchar_t *text)
 {
     const QString wanted = toQString(text);
-    return findRow(list, [&](const QString &shown) {
-        return shown.compare(wanted, Qt::CaseInsensitive) == 0;
-    });
+    for (int row = 0; row < list->count(); ++row) {
+        if (list->item(row)->text().compare(wanted, Qt::CaseInsensitive) == 0)
+            return row;
+    }
+    return LB_ERR;
 }
 
 } // namespace

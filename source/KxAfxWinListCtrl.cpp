@@ -11,6 +11,8 @@
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QTableWidget>
 
+#include <algorithm>
+
 namespace {
 
 constexpr UINT selectedState = 1;

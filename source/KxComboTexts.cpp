@@ -40,7 +40,7 @@ KxComboTexts::KxComboTexts(QStandardItemModel *model, int column)
 {
     connect(model, &QAbstractItemModel::rowsInserted, this, &KxComboTexts::insertRows);
     connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this, &KxComboTexts::removeRows);
-    connect(model, &QAbstractItemModel::dataChanged, this, &KxComboTexts::forget);
+    connect(model, &QAbstractItemModel::dataChanged, this, &KxComboTexts::changeData);
     connect(model, &QAbstractItemModel::columnsInserted, this, &KxComboTexts::forget);
     connect(model, &QAbstractItemModel::columnsRemoved, this, &KxComboTexts::forget);
     connect(model, &QAbstractItemModel::columnsMoved, this, &KxComboTexts::forget);
@@ -75,6 +75,12 @@ void KxComboTexts::forget()
     m_rowCount = 0;
     m_read = false;
     m_onlyTexts = true;
+}
+
+void KxComboTexts::changeData(const QModelIndex &, const QModelIndex &, const QVector<int> &roles)
+{
+    if (roles.isEmpty() || roles.contains(Qt::DisplayRole) || roles.contains(Qt::EditRole))
+        forget();
 }
 
 void KxComboTexts::insertRows(const QModelIndex &parent, int first, int last)

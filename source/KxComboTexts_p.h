@@ -5,6 +5,7 @@
 #include <QtCore/QModelIndex>
 #include <QtCore/QObject>
 #include <QtCore/QString>
+#include <QtCore/QVector>
 
 class QComboBox;
 class QStandardItem;
@@ -12,7 +13,7 @@ class QStandardItemModel;
 
 /// Finds texts in the model that a combo box makes itself, as QComboBox::findText() does for exact matches,
 /// without a walk through the rows for a text that is not there. A child of the model, which it follows by
-/// its signals.
+/// its signals: what changes without one is seen only where the number of rows tells.
 class KxComboTexts : public QObject
 {
 public:
@@ -25,6 +26,7 @@ private:
     static KxComboTexts *of(QStandardItemModel *model, int column);
     bool isCurrent();
     void forget();
+    void changeData(const QModelIndex &topLeft, const QModelIndex &bottomRight, const QVector<int> &roles);
     void insertRows(const QModelIndex &parent, int first, int last);
     void removeRows(const QModelIndex &parent, int first, int last);
     int rowOf(const QStandardItem *item, const QString &text) const;

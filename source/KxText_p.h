@@ -7,10 +7,10 @@
 
 #include <cwchar>
 
-/// Qt's text of a zero-terminated one; null is the empty text.
+/// Qt's text of a zero-terminated one; null is the empty text, and so is what says that a control is to ask.
 inline QString toQString(const wchar_t *text)
 {
-    return text ? QString::fromWCharArray(text) : QString();
+    return text && text != LPSTR_TEXTCALLBACKW ? QString::fromWCharArray(text) : QString();
 }
 
 /// QString::toWCharArray(), faster. \return the number of characters, at most `text.size()`

@@ -26,7 +26,7 @@ constexpr int longestPath = 1023;
 constexpr DWORD directoryBufferSize = 1024;
 constexpr wchar_t kListSeparator = L';';
 
-enum Status { Done, WrongArgument, NoPath, LeavesRoot, NoComponent, NoCurrentDirectory = 4 };
+enum Status { Done, WrongArgument, NoPath, LeavesRoot, NoComponent };
 
 CString *copyOf(const CString *text)
 {
@@ -50,7 +50,7 @@ bool beginsWithDrive(wchar_t first, wchar_t second)
 
 void classify(wchar_t first, wchar_t second, wchar_t separator, path_category &category, CString &path)
 {
-    if (first == separator && separator != kEOS) {
+    if (first == separator) {
         category = second == separator ? kUNCCategory : kRootCategory;
     } else if (beginsWithDrive(first, second)) {
         category = kDriveCategory;
@@ -124,14 +124,24 @@ int CRmUiPathname::Parse(const wchar_t *path, bool flag)
     CRmUiPathname base;
     const CString directory = currentDirectory();
     if (!directory.IsEmpty()) {
-        if (base.ParseRelative(directory, nullptr) != Done)
-            return NoCurrentDirectory;
+        if (base.take(directory, nullptr) != Done)
+            return NoComponent;
+        base.m_type = kDirPath;
         base.AppendSlash();
     }
     return ParseRelative(path, &base, flag);
 }
 
 int CRmUiPathname::ParseRelative(const wchar_t *path, const CRmUiPathname *base, bool)
+{
+    const int status = take(path, base);
+    if (status == Done)
+        GetAttributes(m_path, m_directory, &m_type);
+    return status;
+}
+
+/// ParseRelative(), except that it leaves the type for the caller to set.
+int CRmUiPathname::take(const wchar_t *path, const CRmUiPathname *base)
 {
     if (!path)
         return WrongArgument;
@@ -151,25 +161,17 @@ int CRmUiPathname::ParseRelative(const wchar_t *path, const CRmUiPathname *base,
     if (GetPathCatType(first, second, m_separator, m_category, &text, base) || m_category == kUNCCategory)
         return WrongArgument;
 
-    int prefixLength = 0;
     if (m_category == kDriveCategory) {
-        prefixLength = 2;
-        m_volume = FindVolumeDescriptor(text.Left(prefixLength));
+        m_volume = FindVolumeDescriptor(text.Left(2));
     } else if (m_category == kRelativeCategory) {
         m_volume = base->m_volume;
     }
     const CString noRoot;
-    if (m_volume) {
-        GetWorkPtrByIndex(m_category, &text, m_separator, prefixLength);
+    if (m_volume)
         m_volume->VolCase(text);
-        GetRelPath(m_category, nullptr, &m_directory, &base);
-    } else {
-        GetWorkPtrByIndex(m_category, &text, m_separator, 0);
-        GetRelPath(m_category, &noRoot, &m_directory, &base);
-    }
-    m_path = new CString(text);
-    GetAttributes(m_path, m_directory, &m_type);
+    GetRelPath(m_category, &noRoot, &m_directory, &base);
     m_qualified = text.Find(m_separator) >= 0 || hasColon;
+    m_path = new CString(std::move(text));
     return Done;
 }
 
@@ -186,6 +188,8 @@ void CRmUiPathname::GetAttributes(const CString *path, const CString *dir, path_
 
 void CRmUiPathname::Unquote(CString &s)
 {
+    if (s.Find(kDoubleQuote) < 0)
+        return;
     CString trimmed = s;
     trimmed.Trim();
     const int length = trimmed.GetLength();
@@ -266,6 +270,8 @@ void CRmUiPathname::GetParent(CRmUiPathname &out) const
     if (!isEditable())
         return;
     out = *this;
+    if (!out.m_path)
+        return;
     out.m_type = kDirPath;
     out.TrimSlash();
     const int index = out.baseIndex();
@@ -300,11 +306,12 @@ bool CRmUiPathname::GetFullPath(CString &out) const
 
 bool CRmUiPathname::GetFullPath(wchar_t *buf) const
 {
-    CString path;
-    if (!buf || !GetFullPath(path))
+    if (!buf)
         return false;
+    CString path;
+    const bool isThere = GetFullPath(path);
     _tkxstrcpy(buf, path);
-    return true;
+    return isThere;
 }
 
 void CRmUiPathname::GetFullUNCPath(CString &) const {}
@@ -313,19 +320,18 @@ void CRmUiPathname::GetDisplayName(CString &out, int maxLen) const
 {
     constexpr int shortest = 12;
     constexpr int dots = 4; // with a separator before or behind them
-    out.Empty();
-    if (!isEditable())
-        return;
-    const CString &path = *m_path;
+    const CString path = isEditable() ? *m_path : CString(); // a copy: `out` may be the path string itself
     const int length = path.GetLength();
+    out.Empty();
     const int room = maxLen == -1 ? length : std::max(maxLen, shortest);
     if (length <= room) {
         out = path;
         return;
     }
-    const CString base = basename();
+    const CString base = path.Mid(basenameIndex(path, m_separator));
     if (base.GetLength() > room) {
-        CString tail = extension();
+        const int period = base.ReverseFind(kPeriod);
+        CString tail = period < 0 ? CString() : base.Mid(period + 1);
         if (tail.GetLength() + 3 > room)
             tail.Empty();
         out = base.Left(room - (tail.GetLength() + 2)) + L"~";
@@ -613,8 +619,10 @@ void CRmUiPathname::BaseToUpper()
 
 bool CRmUiPathname::PathMatch(const CRmUiPathname *other) const
 {
-    if (!other || other == this)
-        return other;
+    if (!other)
+        return false;
+    if (other == this)
+        return true;
     CString path;
     return m_volume == other->m_volume && other->GetFullPath(path) && PathMatch(path);
 }
@@ -664,15 +672,13 @@ bool CRmUiPathname::Rename(const wchar_t *newName)
     if (!isEditable() || !newName)
         return false;
     const CString name = newName; // which may be part of the path string
-    bool renamed = false;
-    if (m_directory) {
-        const CString before = currentDirectory();
-        SetCurrentDirectoryW(*m_directory);
-        renamed = _wrename(*m_path, name) == 0;
+    const CString before = m_directory ? currentDirectory() : CString();
+    // In another directory than the one that is meant, the names would mean other files.
+    if (m_directory && !m_directory->IsEmpty() && !SetCurrentDirectoryW(*m_directory))
+        return false;
+    const bool renamed = _wrename(*m_path, name) == 0;
+    if (!before.IsEmpty())
         SetCurrentDirectoryW(before);
-    } else {
-        renamed = _wrename(*m_path, name) == 0;
-    }
     if (renamed)
         *m_path = name;
     return renamed;
@@ -700,7 +706,10 @@ bool CRmUiPathname::GetUniqueName(CRmUiPathname &out, bool always) const
         return false;
     }
     name.Truncate(room);
-    out.Append(name + CString(kZero, END_LEN) + (ext.IsEmpty() ? CString() : kPeriod + ext));
+    if (out.Append(name + CString(kZero, END_LEN) + (ext.IsEmpty() ? CString() : kPeriod + ext)) != Done) {
+        out.Empty();
+        return false;
+    }
     const int digits = directoryLength + name.GetLength();
     for (int tries = 0; tries < TRIES; ++tries) {
         wchar_t number[END_LEN + 1];
@@ -784,14 +793,11 @@ void GetWorkPtrByIndex(path_category cat, CString *s, wchar_t sep, int index)
 void GetRelPath(path_category cat, const CString *root, CString **dir, const CRmUiPathname **base)
 {
     if (cat == kRootCategory) {
-        ReleaseCStrPtr(dir);
         *dir = copyOf(root);
     } else if (cat == kRelativeCategory) {
-        ReleaseCStrPtr(dir);
         CString path;
         (*base)->GetFullPath(path);
-        if (!path.IsEmpty())
-            *dir = new CString(path);
+        *dir = path.IsEmpty() ? nullptr : new CString(std::move(path));
     }
 }
 
@@ -799,8 +805,7 @@ bool GetPathBuffer(CString **, bool, CString *, wchar_t, const CRmUiVolumeDescri
 
 void GetAttByPath(const CString **path, const CString **dir, path_type **type)
 {
-    constexpr DWORD absent = 0xFFFFFFFF;
-    DWORD attributes = absent;
+    DWORD attributes = INVALID_FILE_ATTRIBUTES;
     if (*dir) {
         CString name = **dir;
         if (!endsWith(name, kSlash))
@@ -809,7 +814,7 @@ void GetAttByPath(const CString **path, const CString **dir, path_type **type)
             name += **path;
         attributes = GetFileAttributesW(name);
     }
-    if (attributes == absent)
+    if (attributes == INVALID_FILE_ATTRIBUTES)
         **type = kNewPath;
     else
         **type = (attributes & 0xF000) == 0x4000 ? kDirPath : kFilePath;
@@ -838,8 +843,7 @@ void upperPathFirstChar(CString &s)
 
 void ReleaseCStrPtr(CString **p)
 {
-    delete *p;
-    *p = nullptr;
+    ReleaseStringPtr(p);
 }
 
 bool GetVolumeInfo(CString &, wchar_t *, unsigned int &, bool &) { return false; }

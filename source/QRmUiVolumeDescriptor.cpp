@@ -46,7 +46,7 @@ bool CRmUiVolumeDescriptor::VolMatch(const wchar_t *name, const CString *other) 
 
 bool CRmUiVolumeDescriptor::VolMatch(const CString *name, const CString *other) const
 {
-    return name && VolMatch(name->GetString(), other);
+    return name && CRmUiVolumeDescriptor::VolMatch(name->GetString(), other);
 }
 
 const CString *CRmUiVolumeDescriptor::GetLocalName() const

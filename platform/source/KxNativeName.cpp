@@ -5,12 +5,29 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QTextCodec>
+
+#include <cwchar>
 
 namespace {
 
 bool isCharacter(wchar_t c)
 {
     return c >= 0 && c <= 0x10FFFF && (c < 0xD800 || c > 0xDFFF);
+}
+
+/// Whether every locale that is UTF-8 says the name in the same bytes, and no other place has a claim to it.
+bool isPlain(const wchar_t *name)
+{
+    while (*name > 0 && *name < 0x80 && *name != L':')
+        ++name;
+    return *name == 0;
+}
+
+bool isUtf8Locale()
+{
+    constexpr int utf8 = 106;
+    return QTextCodec::codecForLocale()->mibEnum() == utf8;
 }
 
 /// Whether QFile looks for the name somewhere else than where it says.
@@ -44,6 +61,12 @@ KxNativeName::KxNativeName(const wchar_t *wideName)
 {
     if (!wideName || *wideName == 0) {
         SetLastError(wideName ? ERROR_PATH_NOT_FOUND : ERROR_INVALID_PARAMETER);
+        return;
+    }
+    if (isPlain(wideName) && isUtf8Locale()) {
+        m_bytes.reserve(static_cast<int>(std::wcslen(wideName)));
+        for (const wchar_t *character = wideName; *character; ++character)
+            m_bytes.append(static_cast<char>(*character));
         return;
     }
     const QString name = kxNameFromWide(wideName);

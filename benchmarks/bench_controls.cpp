@@ -77,6 +77,16 @@ void comboAddString(benchmark::State &state)
 }
 BENCHMARK(comboAddString)->Unit(benchmark::kMillisecond)->Iterations(2);
 
+void comboAddStringWithData(benchmark::State &state)
+{
+    for (auto _ : state) {
+        Bound<CComboBox, QComboBox> combo;
+        for (std::size_t i = 0; i < comboRows; ++i)
+            combo.window.SetItemData(combo.window.AddString(texts()[i].c_str()), i);
+    }
+}
+BENCHMARK(comboAddStringWithData)->Unit(benchmark::kMillisecond)->Iterations(2);
+
 void comboAddUncheckedQt(benchmark::State &state)
 {
     for (auto _ : state) {

@@ -7,6 +7,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QTextCodec>
 
+#include <algorithm>
 #include <cwchar>
 
 namespace {
@@ -16,18 +17,12 @@ bool isCharacter(wchar_t c)
     return c >= 0 && c <= 0x10FFFF && (c < 0xD800 || c > 0xDFFF);
 }
 
-/// Whether every locale that is UTF-8 says the name in the same bytes, and no other place has a claim to it.
+/// Whether UTF-8 says the name in bytes of the same values, and nothing in it has a meaning to Qt.
 bool isPlain(const wchar_t *name)
 {
     while (*name > 0 && *name < 0x80 && *name != L':')
         ++name;
     return *name == 0;
-}
-
-bool isUtf8Locale()
-{
-    constexpr int utf8 = 106;
-    return QTextCodec::codecForLocale()->mibEnum() == utf8;
 }
 
 /// Whether QFile looks for the name somewhere else than where it says.
@@ -38,6 +33,12 @@ bool isQtsOwnName(const QString &name)
 }
 
 } // namespace
+
+bool kxIsUtf8Locale()
+{
+    constexpr int utf8 = 106;
+    return QTextCodec::codecForLocale()->mibEnum() == utf8;
+}
 
 // Not QString::fromWCharArray(), which takes a byte order mark in front for one and drops it.
 QString kxNameFromWide(const wchar_t *name)
@@ -63,10 +64,10 @@ KxNativeName::KxNativeName(const wchar_t *wideName)
         SetLastError(wideName ? ERROR_PATH_NOT_FOUND : ERROR_INVALID_PARAMETER);
         return;
     }
-    if (isPlain(wideName) && isUtf8Locale()) {
-        m_bytes.reserve(static_cast<int>(std::wcslen(wideName)));
-        for (const wchar_t *character = wideName; *character; ++character)
-            m_bytes.append(static_cast<char>(*character));
+    if (isPlain(wideName) && kxIsUtf8Locale()) {
+        m_bytes.resize(static_cast<int>(std::wcslen(wideName)));
+        std::transform(wideName, wideName + m_bytes.size(), m_bytes.begin(),
+                       [](wchar_t character) { return static_cast<char>(character); });
         return;
     }
     const QString name = kxNameFromWide(wideName);

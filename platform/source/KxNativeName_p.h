@@ -18,6 +18,8 @@ private:
     QByteArray m_bytes;
 };
 
+bool kxIsUtf8Locale();
+
 /// The text of a name, or the null string when it is null, empty or no text: a surrogate or a value above
 /// 0x10FFFF is in it.
 QString kxNameFromWide(const wchar_t *name);

@@ -6,12 +6,14 @@
 
 #include <QtCore/QFile>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <utility>
 
@@ -228,17 +230,28 @@ int moveFile(const char *from, const char *to)
 
 DWORD GetCurrentDirectoryW(DWORD size, LPWSTR buffer)
 {
-    const std::unique_ptr<char, void (*)(void *)> bytes(::getcwd(nullptr, 0), std::free);
+    char nearby[1024]; // enough for most, and without an allocation
+    std::unique_ptr<char, void (*)(void *)> longer(nullptr, std::free);
+    const char *bytes = ::getcwd(nearby, sizeof nearby);
+    if (!bytes && errno == ERANGE) {
+        longer.reset(::getcwd(nullptr, 0));
+        bytes = longer.get();
+    }
     if (!bytes) {
         SetLastError(kxErrorFromErrno(errno));
         return 0;
     }
-    const QString name = QFile::decodeName(bytes.get());
-    if (QFile::encodeName(name) != bytes.get()) {
-        SetLastError(ERROR_INVALID_NAME);
-        return 0;
+    const std::string_view view = bytes;
+    const bool isAscii = std::all_of(view.begin(), view.end(), [](char byte) { return byte > 0; });
+    std::wstring text(view.begin(), view.end());
+    if (!isAscii || !kxIsUtf8Locale()) {
+        const QString name = QFile::decodeName(bytes);
+        if (QFile::encodeName(name) != bytes) {
+            SetLastError(ERROR_INVALID_NAME);
+            return 0;
+        }
+        text = name.toStdWString();
     }
-    const std::wstring text = name.toStdWString();
     const auto length = static_cast<DWORD>(text.size());
     if (size <= length)
         return length + 1;

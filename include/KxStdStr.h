@@ -330,8 +330,6 @@ private:
     }
 
     static View orEmpty(const CT *text) { return text ? View(text) : View(); }
-    // The visible characters of ASCII, for which no locale has to be asked.
-    static bool isNeverSpace(CT character) { return character > 0x20 && character < 0x7F; }
     static std::size_t from(int start) { return start < 0 ? 0 : std::size_t(start); }
     static int found(int start, std::size_t index) { return start < 0 ? -1 : static_cast<int>(index); }
     int clamped(int count) const { return std::max(0, std::min(count, static_cast<int>(this->size()))); }
@@ -384,8 +382,6 @@ CStdStr<CT> CStdStr<CT>::Tokenize(const CT *separators, int &start) const
 template<class CT>
 CStdStr<CT> &CStdStr<CT>::TrimLeft()
 {
-    if (this->empty() || isNeverSpace(this->front()))
-        return *this;
     const std::locale locale;
     const auto &characters = std::use_facet<std::ctype<CT>>(locale);
     std::size_t blanks = 0;
@@ -398,8 +394,6 @@ CStdStr<CT> &CStdStr<CT>::TrimLeft()
 template<class CT>
 CStdStr<CT> &CStdStr<CT>::TrimRight()
 {
-    if (this->empty() || isNeverSpace(this->back()))
-        return *this;
     const std::locale locale;
     const auto &characters = std::use_facet<std::ctype<CT>>(locale);
     std::size_t size = this->size();

@@ -5,35 +5,70 @@
 
 #include "MessageMapRouter.h"
 #include "PlotCanvas.h"
-#include "PlotLegend.h"
 #include "PlotMainForm.h"
 #include "PlotProgressDialog.h"
 #include "PlotPropertiesDialog.h"
+#include "PlotPropertiesForm.h"
 #include "PlotSettings.h"
 #include "PlotViewApp.h"
 #include "ResourceText.h"
 
+#include <QRmUiPathname.h>
+
 #include <QtCore/QFileInfo>
 #include <QtWidgets/QAction>
+
+#include <algorithm>
+#include <iterator>
+
+static BOOL MayReplace(LPCTSTR lpszPathName)
+{
+    CFileStatus status;
+    if (!CFile::GetStatus(lpszPathName, status))
+        return TRUE;
+    CString strQuestion;
+    const CString strShown = shortenedPath(lpszPathName);
+    strQuestion.Format(IDS_SUMMARY_REPLACE_FORMAT, static_cast<LPCTSTR>(strShown));
+    return AfxMessageBox(strQuestion, MB_YESNO | MB_ICONQUESTION) == IDYES;
+}
 
 BEGIN_MESSAGE_MAP(CMainWindow, CWnd)
     ON_COMMAND(ID_PLOT_OPEN, &CMainWindow::OnPlotOpen)
     ON_COMMAND(ID_PLOT_PROPERTIES, &CMainWindow::OnPlotProperties)
     ON_COMMAND(ID_PLOT_SUMMARY, &CMainWindow::OnPlotSummary)
+    ON_COMMAND(ID_PLOT_SUMMARY_AS, &CMainWindow::OnPlotSummaryAs)
+    ON_COMMAND(ID_PLOT_EXPORT, &CMainWindow::OnPlotExport)
     ON_COMMAND(ID_PLOT_QUIT, &CMainWindow::OnPlotQuit)
     ON_COMMAND_RANGE(ID_SAMPLE_FIRST, ID_SAMPLE_LAST, &CMainWindow::OnSample)
+    ON_COMMAND_RANGE(ID_RECENT_FIRST, ID_RECENT_LAST, &CMainWindow::OnRecent)
+    ON_COMMAND(ID_VIEW_OPTIONS, &CMainWindow::OnViewOptions)
+    ON_COMMAND(ID_LAYER_TOGGLE, &CMainWindow::OnLayerToggle)
+    ON_COMMAND(ID_LAYER_SHOW_ALL, &CMainWindow::OnLayerShowAll)
+    ON_NOTIFY(TVN_SELCHANGED, IDC_LAYERS, &CMainWindow::OnLayerSelected)
+    ON_NOTIFY(TVN_ITEMCHANGED, IDC_LAYERS, &CMainWindow::OnLayerChecked)
+    ON_NOTIFY(LVN_ITEMCHANGED, IDC_MARKS, &CMainWindow::OnMarkSelected)
+    ON_MESSAGE(WM_OPTIONS_APPLIED, &CMainWindow::OnOptionsApplied)
+    ON_WM_ENABLE()
 END_MESSAGE_MAP()
 
-CMainWindow::CMainWindow() : m_pForm(std::make_unique<PlotMainForm>())
+CMainWindow::CMainWindow()
+    : m_pForm(std::make_unique<PlotMainForm>()), m_options(CPlotSettings::LoadOptions())
 {
     Attach(KxHwndFromWidget(m_pForm.get()));
-    auto *router = new MessageMapRouter(this, GetThisMessageMap(), m_pForm.get());
-    for (const auto &[id, widget] : m_pForm->controls()) {
+    for (const auto &[id, widget] : m_pForm->controls())
         SetDlgItem(static_cast<int>(id), KxHwndFromWidget(widget));
-        router->addControl(id, widget);
-    }
+    m_ctlLayers.SubclassDlgItem(IDC_LAYERS, this);
+    m_ctlMarks.SubclassDlgItem(IDC_MARKS, this);
+    m_ctlMarks.InsertColumns();
+    m_pForm->arrangeMarkColumns();
+    m_pForm->canvas()->setPens(m_options.pens);
+    m_pRouter = std::make_unique<MessageMapRouter>(this, GetThisMessageMap());
+    m_pRouter->addWindow(m_pForm.get());
+    for (const auto &[id, widget] : m_pForm->controls())
+        m_pRouter->addControl(id, widget);
     for (const auto &[id, action] : m_pForm->commands())
-        router->addCommand(id, action);
+        m_pRouter->addCommand(id, action);
+    ShowRecentPlots();
     ShowPlot();
 }
 
@@ -48,6 +83,10 @@ BOOL CMainWindow::OpenPlot(LPCTSTR lpszPathName)
     if (bOpened) {
         m_sheet = CPlotSettings::Load(m_document.GetTitle());
         ShowPlot();
+        if (!m_document.IsSample() && !theApp().IsUnattended()) {
+            m_recentPlots.Add(lpszPathName);
+            ShowRecentPlots();
+        }
     }
     if (!strReason.IsEmpty())
         theApp().Report(strReason);
@@ -78,6 +117,7 @@ void CMainWindow::OnPlotOpen()
 void CMainWindow::OnPlotProperties()
 {
     CPlotPropertiesDialog dialog(m_sheet, m_document.GetPlot(), this);
+    dialog.GetForm()->preview()->setPens(m_options.pens);
     if (dialog.DoModal() != IDOK)
         return;
     m_sheet = dialog.GetSheet();
@@ -88,14 +128,35 @@ void CMainWindow::OnPlotProperties()
 void CMainWindow::OnPlotSummary()
 {
     const CString strPathName = m_document.GetSummaryPathName();
-    CFileStatus status;
-    if (CFile::GetStatus(strPathName, status)) {
-        CString strQuestion;
-        strQuestion.Format(IDS_SUMMARY_REPLACE_FORMAT, static_cast<LPCTSTR>(shortenedPath(strPathName)));
-        if (AfxMessageBox(strQuestion, MB_YESNO | MB_ICONQUESTION) != IDYES)
-            return;
-    }
-    SaveSummary(strPathName);
+    if (MayReplace(strPathName))
+        SaveSummary(strPathName);
+}
+
+// The extension is only known here, so the file dialog could not ask whether to replace the file.
+void CMainWindow::OnPlotSummaryAs()
+{
+    const QString chosen = m_pForm->askSummaryFile(toQString(m_document.GetSummaryPathName()));
+    if (chosen.isEmpty())
+        return;
+    CString strPathName = toCString(chosen);
+    CRmUiPathname path;
+    if (path.Parse(strPathName) == 0 && path.ReplaceExtensionIfNoMatch(_T("txt")) == 0)
+        path.GetFullPath(strPathName);
+    if (MayReplace(strPathName))
+        SaveSummary(strPathName);
+}
+
+void CMainWindow::OnPlotExport()
+{
+    CString strPathName;
+    const BOOL bCopied = m_document.ExportCopy(strPathName);
+    CString strText;
+    const CString strShown = shortenedPath(bCopied ? strPathName : m_document.GetPathName());
+    strText.Format(bCopied ? IDS_EXPORT_SAVED_FORMAT : IDS_ERROR_EXPORT, static_cast<LPCTSTR>(strShown));
+    if (bCopied)
+        SetDlgItemText(IDC_STATUS_MESSAGE, strText);
+    else
+        theApp().Report(strText);
 }
 
 void CMainWindow::OnPlotQuit()
@@ -106,6 +167,20 @@ void CMainWindow::OnPlotQuit()
 void CMainWindow::OnSample(UINT nID)
 {
     OpenPlot(theApp().GetSamplePath(nID));
+}
+
+// What cannot be opened any more is forgotten, but not what the user stopped.
+void CMainWindow::OnRecent(UINT nID)
+{
+    const std::size_t nIndex = nID - ID_RECENT_FIRST;
+    if (nIndex >= m_recentPlots.GetPaths().size())
+        return;
+    const CString strPathName = m_recentPlots.GetPaths()[nIndex];
+    CFileStatus status;
+    if (!OpenPlot(strPathName) && !CFile::GetStatus(strPathName, status)) {
+        m_recentPlots.Remove(strPathName);
+        ShowRecentPlots();
+    }
 }
 
 // No command is carried out meanwhile, whatever the user presses: the dialog lets messages in.
@@ -130,10 +205,19 @@ BOOL CMainWindow::ReadPlot(LPCTSTR lpszPathName, CString &strReason)
 
 void CMainWindow::UpdateCommands()
 {
+    static constexpr UINT anNeedPlot[] = {ID_PLOT_PROPERTIES, ID_PLOT_SUMMARY, ID_PLOT_SUMMARY_AS,
+                                          ID_PLOT_EXPORT,     ID_LAYER_TOGGLE, ID_LAYER_SHOW_ALL};
     for (const auto &[id, action] : m_pForm->commands()) {
-        const BOOL bNeedsPlot = id == ID_PLOT_PROPERTIES || id == ID_PLOT_SUMMARY;
-        action->setEnabled(!m_bReading && (!bNeedsPlot || m_document.GetPlot()));
+        const BOOL bNeedsPlot = std::count(std::begin(anNeedPlot), std::end(anNeedPlot), id) > 0;
+        action->setEnabled(!m_bReading && !m_bBlocked && (!bNeedsPlot || m_document.GetPlot()));
     }
+}
+
+// A dialog is a tool window, in which the shortcuts of the main window would go on to work.
+void CMainWindow::OnEnable(BOOL bEnable)
+{
+    m_bBlocked = !bEnable;
+    UpdateCommands();
 }
 
 void CMainWindow::ShowPlot()
@@ -160,13 +244,10 @@ void CMainWindow::ShowPlot()
     UpdateCommands();
     m_pForm->canvas()->setPlot(m_document.GetPlot());
     ShowSheet();
-}
-
-void CMainWindow::ShowSheet()
-{
-    m_pForm->canvas()->setSheet(m_sheet);
-    if (m_document.GetPlot())
-        m_pForm->legend()->describe(*m_document.GetPlot(), m_sheet);
+    if (pPlot)
+        m_ctlLayers.Fill(*pPlot);
+    else
+        ShowMarks();
 }
 
 void CMainWindow::SetStatus(int nID, UINT nFormat, int nValue)

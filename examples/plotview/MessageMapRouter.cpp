@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "MessageMapRouter.h"
 
+#include "PlotLayer.h"
+#include "PlotLayersView.h"
+
+#include <QtCore/QEvent>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListWidget>
 #include <QtWidgets/QSlider>
+#include <QtWidgets/QTableWidget>
 
 MessageMapRouter::MessageMapRouter(CWnd *target, const AFX_MSGMAP *map, QObject *parent)
     : QObject(parent), m_target(target), m_map(map)
@@ -22,6 +28,66 @@ void MessageMapRouter::addControl(UINT id, QWidget *widget)
         connect(combo, qOverload<int>(&QComboBox::activated), this, [this, id] { route(id, CBN_SELCHANGE); });
     else if (auto *slider = qobject_cast<QSlider *>(widget))
         connect(slider, &QSlider::valueChanged, this, &MessageMapRouter::routeScroll);
+    else if (auto *list = qobject_cast<QListWidget *>(widget))
+        connect(list, &QListWidget::currentRowChanged, this, [this, id] { route(id, LBN_SELCHANGE); });
+    else if (auto *tree = qobject_cast<PlotLayersView *>(widget))
+        addTree(id, tree);
+    else if (auto *table = qobject_cast<QTableWidget *>(widget))
+        addTable(id, table);
+}
+
+void MessageMapRouter::addWindow(QWidget *window)
+{
+    window->installEventFilter(this);
+}
+
+void MessageMapRouter::addTree(UINT id, PlotLayersView *tree)
+{
+    connect(tree, &QTreeWidget::currentItemChanged, this,
+            [this, id, tree](QTreeWidgetItem *now, QTreeWidgetItem *before) {
+                NMTREEVIEW notification = {};
+                notification.hdr = {KxHwndFromWidget(tree), id, TVN_SELCHANGED};
+                notification.itemOld.hItem = reinterpret_cast<HTREEITEM>(before);
+                notification.itemNew.hItem = reinterpret_cast<HTREEITEM>(now);
+                routeNotification(id, &notification.hdr);
+            });
+    connect(tree, &PlotLayersView::markClicked, this, [this, id, tree](QTreeWidgetItem *item) {
+        constexpr UINT Unchecked = INDEXTOSTATEIMAGEMASK(1);
+        constexpr UINT Checked = INDEXTOSTATEIMAGEMASK(2);
+        const quint64 data = item->data(0, Qt::UserRole).toULongLong();
+        const bool wasChecked = PlotLayer::fromItemData(data).visible;
+        NMTVITEMCHANGE notification = {};
+        notification.hdr = {KxHwndFromWidget(tree), id, TVN_ITEMCHANGED};
+        notification.uChanged = TVIF_STATE;
+        notification.hItem = reinterpret_cast<HTREEITEM>(item);
+        notification.uStateOld = wasChecked ? Checked : Unchecked;
+        notification.uStateNew = wasChecked ? Unchecked : Checked;
+        notification.lParam = static_cast<LPARAM>(data);
+        routeNotification(id, &notification.hdr);
+    });
+}
+
+void MessageMapRouter::addTable(UINT id, QTableWidget *table)
+{
+    connect(table, &QTableWidget::itemSelectionChanged, this, [this, id, table] {
+        NMLISTVIEW notification = {};
+        notification.hdr = {KxHwndFromWidget(table), id, LVN_ITEMCHANGED};
+        notification.iItem = table->currentRow();
+        notification.uChanged = LVIF_STATE;
+        routeNotification(id, &notification.hdr);
+    });
+}
+
+bool MessageMapRouter::eventFilter(QObject *, QEvent *event)
+{
+    const bool isBlocked = event->type() == QEvent::WindowBlocked;
+    if (isBlocked || event->type() == QEvent::WindowUnblocked) {
+        using EnableHandler = void (CWnd::*)(BOOL);
+        const AFX_MSGMAP_ENTRY *entry = KxFindMessageEntry(m_map, WM_ENABLE, 0, 0);
+        if (auto handler = KxMessageHandler<EnableHandler>(entry))
+            handler(m_target, !isBlocked);
+    }
+    return false;
 }
 
 void MessageMapRouter::addCommand(UINT id, QAction *action)
@@ -39,6 +105,14 @@ void MessageMapRouter::route(UINT id, UINT code)
         handler(m_target);
     else if (auto rangeHandler = KxMessageHandler<KxCommandRangeHandler>(entry))
         rangeHandler(m_target, id);
+}
+
+void MessageMapRouter::routeNotification(UINT id, NMHDR *header)
+{
+    const AFX_MSGMAP_ENTRY *entry = KxFindMessageEntry(m_map, WM_NOTIFY, header->code, id);
+    LRESULT result = 0;
+    if (auto handler = KxMessageHandler<KxNotifyHandler>(entry))
+        handler(m_target, header, &result);
 }
 
 void MessageMapRouter::routeScroll(int position)

@@ -5,25 +5,38 @@
 
 #include <QtCore/QObject>
 
+class PlotLayersView;
 class QAction;
+class QTableWidget;
+class QTreeWidgetItem;
 class QWidget;
 
-/// Calls the handlers in a window object's message map when its widgets and actions fire. The parent, which
-/// deletes it, has to be gone before the window object is.
+/// Calls the handlers in a window object's message map when its widgets and actions fire. Whoever owns it,
+/// the parent or the window object, deletes it before the window object is gone.
 class MessageMapRouter : public QObject
 {
     Q_OBJECT
 
 public:
-    MessageMapRouter(CWnd *target, const AFX_MSGMAP *map, QObject *parent);
+    MessageMapRouter(CWnd *target, const AFX_MSGMAP *map, QObject *parent = nullptr);
 
-    /// Routes what Windows would send for the control: BN_CLICKED, EN_CHANGE, CBN_SELCHANGE, WM_HSCROLL.
+    /// Routes what Windows would send for the control: BN_CLICKED, EN_CHANGE, CBN_SELCHANGE, LBN_SELCHANGE,
+    /// WM_HSCROLL; of a layers tree TVN_SELCHANGED and, for its check marks, TVN_ITEMCHANGED; of a table
+    /// LVN_ITEMCHANGED.
     void addControl(UINT id, QWidget *widget);
+    /// Routes WM_ENABLE: whether a modal window keeps the user from this one.
+    void addWindow(QWidget *window);
     /// Routes the command that the action stands for.
     void addCommand(UINT id, QAction *action);
 
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
+
 private:
+    void addTree(UINT id, PlotLayersView *tree);
+    void addTable(UINT id, QTableWidget *table);
     void route(UINT id, UINT code);
+    void routeNotification(UINT id, NMHDR *header);
     void routeScroll(int position);
 
     CWnd *m_target;

@@ -5,6 +5,13 @@
 
 #include <QtGui/QPainter>
 
+static QRectF paperOn(const QRectF &desk, const PlotSheetPainter &sheetPainter)
+{
+    QRectF paper(QPointF(0, 0), sheetPainter.sheetSize().scaled(desk.size(), Qt::KeepAspectRatio));
+    paper.moveCenter(desk.center());
+    return paper;
+}
+
 PlotCanvas::PlotCanvas(QWidget *parent) : QWidget(parent)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -14,25 +21,46 @@ PlotCanvas::PlotCanvas(QWidget *parent) : QWidget(parent)
 void PlotCanvas::setPlot(const std::shared_ptr<const Plot> &plot)
 {
     m_plot = plot;
-    update();
+    m_selection.clear();
+    m_hidden.clear();
+    changed();
 }
 
 void PlotCanvas::setSheet(const PlotSheet &sheet)
 {
     m_sheet = sheet;
+    changed();
+}
+
+void PlotCanvas::setPens(const PlotPens &pens)
+{
+    m_pens = pens;
+    changed();
+}
+
+void PlotCanvas::setHiddenLayers(const PlotHiddenLayers &hidden)
+{
+    m_hidden = hidden;
+    changed();
+}
+
+void PlotCanvas::setSelection(const PlotMarks &marks, bool fade)
+{
+    m_selection = marks;
+    m_fade = fade;
     update();
 }
 
 void PlotCanvas::setHint(const QString &hint)
 {
     m_hint = hint;
-    update();
+    changed();
 }
 
 void PlotCanvas::setDeskMargin(int margin)
 {
     m_deskMargin = margin;
-    update();
+    changed();
 }
 
 QSize PlotCanvas::sizeHint() const
@@ -42,10 +70,33 @@ QSize PlotCanvas::sizeHint() const
 
 void PlotCanvas::paintEvent(QPaintEvent *)
 {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillRect(rect(), QColor(0xd5, 0xda, 0xe0));
+    const double ratio = devicePixelRatioF();
+    const QSize pixels = size() * ratio;
     const QRectF desk = QRectF(rect()).adjusted(m_deskMargin, m_deskMargin, -m_deskMargin, -m_deskMargin);
+    if (m_drawn.size() != pixels) {
+        m_drawn = QPixmap(pixels);
+        m_drawn.setDevicePixelRatio(ratio);
+        QPainter painter(&m_drawn);
+        painter.setRenderHint(QPainter::Antialiasing);
+        paintDesk(painter, desk);
+    }
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, m_drawn);
+    if (!m_plot || m_selection.empty() || desk.isEmpty())
+        return;
+    const PlotSheetPainter sheetPainter(*m_plot, m_sheet, m_pens);
+    sheetPainter.paintSelected(painter, paperOn(desk, sheetPainter), m_selection, m_fade);
+}
+
+void PlotCanvas::changed()
+{
+    m_drawn = QPixmap();
+    update();
+}
+
+void PlotCanvas::paintDesk(QPainter &painter, const QRectF &desk) const
+{
+    painter.fillRect(rect(), QColor(0xd5, 0xda, 0xe0));
     if (desk.isEmpty())
         return;
     if (!m_plot) {
@@ -53,9 +104,9 @@ void PlotCanvas::paintEvent(QPaintEvent *)
         painter.drawText(desk, Qt::AlignCenter | Qt::TextWordWrap, m_hint);
         return;
     }
-    const PlotSheetPainter sheetPainter(*m_plot, m_sheet);
-    QRectF paper(QPointF(0, 0), sheetPainter.sheetSize().scaled(desk.size(), Qt::KeepAspectRatio));
-    paper.moveCenter(desk.center());
+    PlotSheetPainter sheetPainter(*m_plot, m_sheet, m_pens);
+    sheetPainter.setHidden(m_hidden);
+    const QRectF paper = paperOn(desk, sheetPainter);
     painter.setPen(Qt::NoPen);
     constexpr int ShadowDepth = 8;
     for (int i = ShadowDepth; i > 0; --i) {

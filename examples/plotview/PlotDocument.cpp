@@ -6,6 +6,10 @@
 #include "PlotSummary.h"
 #include "ResourceText.h"
 
+#include <QRmUiPathname.h>
+
+#include <vector>
+
 namespace {
 
 CString Reason(const PlotReading &reading, const CString &strPathName)
@@ -36,6 +40,20 @@ CString Reason(const PlotReading &reading, const CString &strPathName)
         break;
     }
     return strReason;
+}
+
+BOOL CopyBytes(LPCTSTR lpszFrom, LPCTSTR lpszTo)
+{
+    CFile from;
+    CFile to;
+    if (!from.Open(lpszFrom, CFile::modeRead) || !to.Open(lpszTo, CFile::modeCreate | CFile::modeWrite))
+        return FALSE;
+    std::vector<char> bytes(64 * 1024);
+    while (const UINT nRead = from.Read(bytes.data(), static_cast<UINT>(bytes.size())))
+        to.Write(bytes.data(), nRead);
+    // No call tells that the disk is full: the copy is then the shorter one.
+    to.Flush();
+    return to.GetLength() == from.GetLength();
 }
 
 } // namespace
@@ -69,6 +87,21 @@ CString CPlotDocument::GetSummaryPathName() const
 BOOL CPlotDocument::SaveSummary(LPCTSTR lpszPathName) const
 {
     return m_pPlot && CPlotSummary(*m_pPlot, GetTitle(), CTime::GetCurrentTime()).Save(lpszPathName);
+}
+
+BOOL CPlotDocument::ExportCopy(CString &strPathName) const
+{
+    CRmUiPathname path;
+    CRmUiPathname copy;
+    CString strFullPath;
+    // The unique name of a bare file name would be made behind it.
+    if (!m_pPlot || path.Parse(IsSample() ? GetTitle() : m_strPathName) != 0 || !path.GetFullPath(strFullPath)
+        || path.Parse(strFullPath) != 0 || !path.GetUniqueName(copy, true) || !copy.GetFullPath(strPathName))
+        return FALSE;
+    if (CopyBytes(m_strPathName, strPathName))
+        return TRUE;
+    DeleteFile(strPathName);
+    return FALSE;
 }
 
 BOOL CPlotDocument::IsSample() const

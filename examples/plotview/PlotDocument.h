@@ -22,6 +22,10 @@ public:
     /// \return FALSE when it could not be written, or there is no plot
     BOOL SaveSummary(LPCTSTR lpszPathName) const;
 
+    /// Writes the bytes of the plot's file to a new one beside it, whose name is not taken; those of a sample
+    /// in the current folder. \return FALSE when not all of it could be written, and nothing is left then
+    BOOL ExportCopy(CString &strPathName) const;
+
     const CString &GetPathName() const { return m_strPathName; }
     CString GetTitle() const;
     /// Whether it is one of those that come with the program.

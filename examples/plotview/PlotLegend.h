@@ -9,7 +9,7 @@
 
 class QGridLayout;
 
-/// The panel beside the plot: which pens drew how much, and what sheet it is on.
+/// What sheet the plot is on.
 class PlotLegend : public QWidget
 {
     Q_OBJECT
@@ -20,7 +20,6 @@ public:
     void describe(const Plot &plot, const PlotSheet &sheet);
 
 private:
-    void addPens(const Plot &plot, const PlotSheet &sheet);
     void addSheet(const Plot &plot, const PlotSheet &sheet);
     void addHeading(UINT text);
     void addFact(UINT name, const QString &value);

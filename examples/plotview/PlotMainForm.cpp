@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "PlotMainForm.h"
 
+#include "MarkList.h"
 #include "PlotCanvas.h"
+#include "PlotLayersView.h"
 #include "PlotLegend.h"
+#include "PlotOptions.h"
 #include "ResourceText.h"
 
 #include <QtGui/QPainter>
@@ -10,16 +13,23 @@
 #include <QtWidgets/QAction>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QFrame>
-#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenuBar>
-#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QSplitter>
 #include <QtWidgets/QStatusBar>
+#include <QtWidgets/QStyledItemDelegate>
+#include <QtWidgets/QTableWidget>
 #include <QtWidgets/QToolBar>
+#include <QtWidgets/QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
 constexpr int IconSize = 20;
+constexpr int PanelMargin = 12;
 
 // Draws in a square of 20 units.
 template<class Draw>
@@ -74,40 +84,178 @@ void drawSheet(QPainter &painter)
         painter.drawEllipse(QPointF(row == 1 ? 8 : 11.5, 6 + 4 * row), 1.5, 1.5);
 }
 
+void drawPens(QPainter &painter)
+{
+    const QColor inks[] = {QColor(0xc9, 0x30, 0x2c), QColor(0x1e, 0x84, 0x49), QColor(0x2f, 0x6f, 0xc4)};
+    for (int i = 0; i < 3; ++i) {
+        const double x = 4 + 6 * i;
+        painter.setPen(inkPen());
+        painter.setBrush(inks[i]);
+        painter.drawRoundedRect(QRectF(x - 2, 2.5, 4, 9.5), 1, 1);
+        painter.setBrush(QColor(0x3b, 0x47, 0x55));
+        painter.drawPolygon(QPolygonF({{x - 1.6, 13.2}, {x + 1.6, 13.2}, {x, 17.2}}));
+    }
+}
+
+/// Numbers stand one below the other.
+class NumberDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+    }
+};
+
+QLabel *makeHeading(const QString &text)
+{
+    auto *heading = new QLabel(text);
+    heading->setTextFormat(Qt::PlainText);
+    QFont bold = heading->font();
+    bold.setBold(true);
+    heading->setFont(bold);
+    return heading;
+}
+
+QWidget *makeSection(QWidget *heading, QWidget *content)
+{
+    auto *section = new QWidget;
+    auto *layout = new QVBoxLayout(section);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(6);
+    layout->addWidget(heading);
+    layout->addWidget(content, 1);
+    return section;
+}
+
 } // namespace
 
 PlotMainForm::PlotMainForm(QWidget *parent)
-    : QMainWindow(parent), m_canvas(new PlotCanvas), m_legend(new PlotLegend)
+    : QMainWindow(parent)
+    , m_columns(new QSplitter(Qt::Horizontal))
+    , m_canvas(new PlotCanvas)
+    , m_layers(new PlotLayersView)
+    , m_marks(new QTableWidget)
+    , m_legend(new PlotLegend)
 {
-    auto *panel = new QScrollArea;
-    panel->setWidget(m_legend);
-    panel->setWidgetResizable(true);
-    panel->setFrameShape(QFrame::NoFrame);
-    panel->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    panel->setFixedWidth(224);
-    auto *line = new QFrame;
-    line->setFrameShape(QFrame::VLine);
-    line->setFrameShadow(QFrame::Sunken);
-    auto *centre = new QWidget;
-    auto *layout = new QHBoxLayout(centre);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(m_canvas, 1);
-    layout->addWidget(line);
-    layout->addWidget(panel);
-    setCentralWidget(centre);
     m_controls[IDC_CANVAS] = m_canvas;
+    m_canvas->setMinimumSize(240, 180);
+    m_columns->addWidget(m_canvas);
+    m_columns->addWidget(makePanel());
+    m_columns->setStretchFactor(0, 1);
+    m_columns->setStretchFactor(1, 0);
+    m_columns->setCollapsible(0, false);
+    setCentralWidget(m_columns);
 
     makeMenus();
     makeToolBar();
     makeStatusBar();
-    resize(1160, 800);
+    resize(1280, 820);
+}
+
+QWidget *PlotMainForm::makePanel()
+{
+    auto *lists = new QSplitter(Qt::Vertical);
+    lists->addWidget(makeLayers());
+    lists->addWidget(makeMarks());
+    lists->setHandleWidth(12);
+    lists->setChildrenCollapsible(false);
+    lists->setSizes({240, 320});
+    auto *panel = new QWidget;
+    auto *layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(PanelMargin, PanelMargin, PanelMargin, PanelMargin);
+    layout->setSpacing(14);
+    layout->addWidget(lists, 1);
+    layout->addWidget(m_legend);
+    panel->setMinimumWidth(260);
+    return panel;
+}
+
+QWidget *PlotMainForm::makeLayers()
+{
+    m_controls[IDC_LAYERS] = m_layers;
+    m_layers->setMinimumHeight(100);
+    return makeSection(makeHeading(resourceText(IDS_PANEL_LAYERS)), m_layers);
+}
+
+QWidget *PlotMainForm::makeMarks()
+{
+    m_controls[IDC_MARKS] = m_marks;
+    m_marks->setMinimumHeight(100);
+    m_marks->setColumnCount(0);
+    m_marks->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_marks->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_marks->setShowGrid(false);
+    m_marks->setAlternatingRowColors(true);
+    m_marks->setWordWrap(false);
+    m_marks->setTabKeyNavigation(false);
+    m_marks->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_marks->verticalHeader()->hide();
+    m_marks->verticalHeader()->setDefaultSectionSize(m_marks->fontMetrics().height() + 6);
+    m_marks->horizontalHeader()->setHighlightSections(false);
+    m_marks->horizontalHeader()->setStretchLastSection(true);
+    auto *numbers = new NumberDelegate(m_marks);
+    for (int column = 0; column < CMarkList::ColumnCount; ++column) {
+        if (column != CMarkList::KindColumn)
+            m_marks->setItemDelegateForColumn(column, numbers);
+    }
+    QLabel *heading = makeHeading(QString());
+    m_controls[IDC_MARKS_TITLE] = heading;
+    return makeSection(heading, m_marks);
 }
 
 QString PlotMainForm::askPlotFile(const QString &folder)
 {
     return QFileDialog::getOpenFileName(this, resourceText(IDS_OPEN_CAPTION), folder,
                                         resourceText(IDS_OPEN_FILTER));
+}
+
+QString PlotMainForm::askSummaryFile(const QString &proposed)
+{
+    return QFileDialog::getSaveFileName(this, resourceText(IDS_SUMMARY_AS_CAPTION), proposed,
+                                        resourceText(IDS_SUMMARY_AS_FILTER), nullptr,
+                                        QFileDialog::DontConfirmOverwrite);
+}
+
+void PlotMainForm::showRecentPlots(const QStringList &names)
+{
+    for (int i = 0; i < PlotOptions::MostRecentPlots; ++i) {
+        QAction *action = m_commands.at(static_cast<UINT>(ID_RECENT_FIRST + i));
+        action->setVisible(i < names.size());
+        if (i < names.size()) {
+            QString name = names.at(i);
+            name.replace(QLatin1Char('&'), QLatin1String("&&"));
+            CString text;
+            text.Format(IDS_RECENT_FORMAT, i + 1, static_cast<LPCTSTR>(toCString(name)));
+            action->setText(toQString(text));
+        }
+    }
+    m_belowRecentPlots->setVisible(!names.isEmpty());
+}
+
+// Wide enough for the headings and for what usually stands below them, and the panel for the columns.
+void PlotMainForm::arrangeMarkColumns()
+{
+    const QStringList usual = {QStringLiteral("00000"), resourceText(IDS_KIND_POLYLINE), QStringLiteral("00"),
+                               QStringLiteral("0000"), QString()};
+    const QFontMetrics metrics = m_marks->fontMetrics();
+    int total = m_marks->verticalScrollBar()->sizeHint().width() + 2 * m_marks->frameWidth();
+    for (int column = 0; column < CMarkList::ColumnCount; ++column) {
+        QTableWidgetItem *heading = m_marks->horizontalHeaderItem(column);
+        const bool isNumber = column != CMarkList::KindColumn;
+        heading->setTextAlignment((isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        const int width = std::max(metrics.horizontalAdvance(heading->text()),
+                                   metrics.horizontalAdvance(usual.at(column)))
+                          + 14;
+        m_marks->setColumnWidth(column, width);
+        total += width;
+    }
+    const int panel = total + 2 * PanelMargin;
+    m_columns->setSizes({width() - panel, panel});
 }
 
 QAction *PlotMainForm::addCommand(UINT id, UINT text, const QKeySequence &shortcut)
@@ -120,6 +268,19 @@ QAction *PlotMainForm::addCommand(UINT id, UINT text, const QKeySequence &shortc
 
 void PlotMainForm::makeMenus()
 {
+    makeFileMenu();
+    QMenu *view = menuBar()->addMenu(resourceText(IDS_MENU_VIEW));
+    view->addAction(addCommand(ID_LAYER_TOGGLE, IDS_LAYER_TOGGLE, Qt::CTRL + Qt::Key_L));
+    view->addAction(addCommand(ID_LAYER_SHOW_ALL, IDS_LAYER_SHOW_ALL, Qt::CTRL + Qt::SHIFT + Qt::Key_L));
+    view->addSeparator();
+    view->addAction(addCommand(ID_VIEW_OPTIONS, IDS_VIEW_OPTIONS, Qt::CTRL + Qt::Key_Comma));
+    m_commands[ID_PLOT_OPEN]->setIcon(drawnIcon(drawFolder));
+    m_commands[ID_PLOT_PROPERTIES]->setIcon(drawnIcon(drawSheet));
+    m_commands[ID_VIEW_OPTIONS]->setIcon(drawnIcon(drawPens));
+}
+
+void PlotMainForm::makeFileMenu()
+{
     QMenu *file = menuBar()->addMenu(resourceText(IDS_MENU_FILE));
     file->addAction(addCommand(ID_PLOT_OPEN, IDS_FILE_OPEN, QKeySequence::Open));
     QMenu *samples = file->addMenu(resourceText(IDS_MENU_SAMPLES));
@@ -128,11 +289,19 @@ void PlotMainForm::makeMenus()
     samples->addAction(addCommand(ID_SAMPLE_ISLAND, IDS_SAMPLE_ISLAND));
     file->addSeparator();
     file->addAction(addCommand(ID_PLOT_PROPERTIES, IDS_FILE_PROPERTIES, Qt::ALT + Qt::Key_Return));
-    file->addAction(addCommand(ID_PLOT_SUMMARY, IDS_FILE_SUMMARY, Qt::CTRL + Qt::SHIFT + Qt::Key_S));
     file->addSeparator();
+    file->addAction(addCommand(ID_PLOT_SUMMARY, IDS_FILE_SUMMARY, Qt::CTRL + Qt::SHIFT + Qt::Key_S));
+    file->addAction(addCommand(ID_PLOT_SUMMARY_AS, IDS_FILE_SUMMARY_AS));
+    file->addAction(addCommand(ID_PLOT_EXPORT, IDS_FILE_EXPORT, Qt::CTRL + Qt::Key_E));
+    file->addSeparator();
+    for (int i = 0; i < PlotOptions::MostRecentPlots; ++i) {
+        auto *action = new QAction(this);
+        m_commands[static_cast<UINT>(ID_RECENT_FIRST + i)] = action;
+        file->addAction(action);
+    }
+    m_belowRecentPlots = file->addSeparator();
     file->addAction(addCommand(ID_PLOT_QUIT, IDS_FILE_QUIT, Qt::CTRL + Qt::Key_Q));
-    m_commands[ID_PLOT_OPEN]->setIcon(drawnIcon(drawFolder));
-    m_commands[ID_PLOT_PROPERTIES]->setIcon(drawnIcon(drawSheet));
+    showRecentPlots({});
 }
 
 void PlotMainForm::makeToolBar()
@@ -144,6 +313,7 @@ void PlotMainForm::makeToolBar()
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     bar->addAction(m_commands[ID_PLOT_OPEN]);
     bar->addAction(m_commands[ID_PLOT_PROPERTIES]);
+    bar->addAction(m_commands[ID_VIEW_OPTIONS]);
 }
 
 void PlotMainForm::makeStatusBar()

@@ -11,8 +11,7 @@
 
 namespace {
 
-constexpr double PenWidth = 0.35;           // millimetres, as are all lengths here
-constexpr double TitleHeight = 14;
+constexpr double TitleHeight = 14;          // millimetres, as are all lengths here
 constexpr double TitleLetterHeight = 4.2;
 constexpr double FittedSide = 297;
 constexpr double MostHatchLines = 2e5;      // of all areas
@@ -106,8 +105,8 @@ QPainterPath textPath(const QString &text, const QTransform &letters)
 
 } // namespace
 
-PlotSheetPainter::PlotSheetPainter(const Plot &plot, const PlotSheet &sheet)
-    : m_plot(plot), m_sheet(sheet), m_bounds(plot.bounds())
+PlotSheetPainter::PlotSheetPainter(const Plot &plot, const PlotSheet &sheet, const PlotPens &pens)
+    : m_plot(plot), m_sheet(sheet), m_pens(pens), m_bounds(plot.bounds())
 {
     // A single dot or line has no extent to be fitted.
     const double least = std::max({m_bounds.width() / 1000, m_bounds.height() / 1000, 1.0});
@@ -154,29 +153,77 @@ QTransform PlotSheetPainter::plotToSheet() const
 
 void PlotSheetPainter::paint(QPainter &painter, const QRectF &target) const
 {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(target.topLeft());
-    painter.scale(target.width() / m_sheetSize.width(), target.height() / m_sheetSize.height());
+    beginSheet(painter, target);
     paintPaper(painter);
     painter.setClipRect(QRectF(QPointF(0, 0), m_sheetSize));
-    for (const PlotArea &area : m_plot.areas)
-        paintArea(painter, area);
-    for (const PlotStroke &stroke : m_plot.strokes)
-        paintStroke(painter, stroke);
-    for (const PlotLabel &label : m_plot.labels)
-        paintLabel(painter, label);
+    for (const PlotArea &area : m_plot.areas) {
+        if (!isHidden(area.pen, PlotLayer::Areas))
+            paintArea(painter, area);
+    }
+    for (const PlotStroke &stroke : m_plot.strokes) {
+        if (!isHidden(stroke.pen, PlotLayer::Strokes))
+            paintStroke(painter, stroke);
+    }
+    for (const PlotLabel &label : m_plot.labels) {
+        if (!isHidden(label.pen, PlotLayer::Labels))
+            paintLabel(painter, label);
+    }
     if (titleHeight(m_sheet) > 0)
         paintTitle(painter);
     painter.restore();
 }
 
+void PlotSheetPainter::paintSelected(QPainter &painter, const QRectF &target, const PlotMarks &marks,
+                                     bool fade) const
+{
+    beginSheet(painter, target);
+    const QRectF paper(QPointF(0, 0), m_sheetSize);
+    painter.setClipRect(paper);
+    PlotSheetPainter selected(*this);
+    if (fade) {
+        QColor veil = paperColour();
+        veil.setAlpha(200);
+        painter.fillRect(paper, veil);
+    } else {
+        PlotSheetPainter border(*this);
+        border.m_border = QColor(255, 170, 0);
+        border.m_extraWidth = 3 / pixelsPerUnit(painter) + 1;
+        border.paintMarks(painter, marks);
+    }
+    selected.m_extraWidth = 1 / pixelsPerUnit(painter);
+    selected.paintMarks(painter, marks);
+    painter.restore();
+}
+
+void PlotSheetPainter::beginSheet(QPainter &painter, const QRectF &target) const
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(target.topLeft());
+    painter.scale(target.width() / m_sheetSize.width(), target.height() / m_sheetSize.height());
+}
+
+void PlotSheetPainter::paintMarks(QPainter &painter, const PlotMarks &marks) const
+{
+    for (const PlotMark &mark : marks) {
+        const auto index = static_cast<std::size_t>(mark.index);
+        if (mark.kind == PlotLayer::Areas && index < m_plot.areas.size())
+            paintArea(painter, m_plot.areas[index]);
+        else if (mark.kind == PlotLayer::Strokes && index < m_plot.strokes.size())
+            paintStroke(painter, m_plot.strokes[index]);
+        else if (mark.kind == PlotLayer::Labels && index < m_plot.labels.size())
+            paintLabel(painter, m_plot.labels[index]);
+    }
+}
+
 QColor PlotSheetPainter::penColour(int pen) const
 {
+    const int index = (std::max(pen, 1) - 1) % PlotSheet::PenCount;
+    if (const QRgb chosen = m_pens.colours[static_cast<std::size_t>(index)])
+        return QColor(chosen);
     const auto own = m_plot.penColours.find(pen);
     if (own != m_plot.penColours.end())
         return QColor(own->second);
-    const int index = (std::max(pen, 1) - 1) % PlotSheet::PenCount;
     return QColor(m_sheet.paper == PlotSheet::Blueprint ? blueprintPenColours[index] : penColours[index]);
 }
 
@@ -252,7 +299,7 @@ void PlotSheetPainter::paintArea(QPainter &painter, const PlotArea &area) const
         QPainterPath path;
         for (const QPolygonF &outline : qAsConst(outlines))
             path.addPolygon(outline);
-        painter.fillPath(path, penColour(area.pen));
+        painter.fillPath(path, m_border.isValid() ? m_border : penColour(area.pen));
         return;
     }
     const double angle = area.angle + (m_sheet.rotate ? 90 : 0);
@@ -299,7 +346,7 @@ void PlotSheetPainter::paintLabel(QPainter &painter, const PlotLabel &label) con
     letters.shear(label.slant, 0);
     letters.scale(label.characterSize.width(), label.characterSize.height());
     const double height = std::fabs(label.characterSize.height()) * m_millimetresPerUnit;
-    painter.setPen(pen(painter, label.pen, std::min(PenWidth, height / 8)));
+    painter.setPen(pen(painter, label.pen, std::min(m_pens.width / 100.0, height / 8)));
     constexpr double SmallestReadable = 1.5;    // pixels
     if (height * pixelsPerUnit(painter) < SmallestReadable) {
         const double length = PlotLabel::CellWidth * label.text.size();
@@ -313,7 +360,8 @@ void PlotSheetPainter::paintLabel(QPainter &painter, const PlotLabel &label) con
 QPen PlotSheetPainter::pen(const QPainter &painter, int number, double width) const
 {
     constexpr double ThinnestLine = 0.65;   // pixels
-    const double millimetres = width > 0 ? width : PenWidth;
-    const double visible = std::max(millimetres, ThinnestLine / pixelsPerUnit(painter));
-    return QPen(penColour(number), visible, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    const double millimetres = width > 0 ? width : m_pens.width / 100.0;
+    const double visible = std::max(millimetres, ThinnestLine / pixelsPerUnit(painter)) + m_extraWidth;
+    const QColor ink = m_border.isValid() ? m_border : penColour(number);
+    return QPen(ink, visible, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
 }

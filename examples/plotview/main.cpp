@@ -2,6 +2,7 @@
 #include "stdafx.h"
 
 #include "MainWindow.h"
+#include "OptionsDialog.h"
 #include "PlotMainForm.h"
 #include "PlotProgressDialog.h"
 #include "PlotProgressForm.h"
@@ -16,6 +17,7 @@
 #include <QtWidgets/QApplication>
 
 #include <cstdio>
+#include <functional>
 
 namespace {
 
@@ -33,7 +35,7 @@ bool savePicture(QWidget *widget, const QString &path)
 }
 
 // The dialog is rendered from inside its modal loop, as the user sees it.
-bool renderDialog(CMainWindow *window, const QString &path)
+bool renderDialog(const QString &path, const std::function<void()> &show)
 {
     bool saved = false;
     QTimer::singleShot(0, [&saved, &path] {
@@ -42,7 +44,7 @@ bool renderDialog(CMainWindow *window, const QString &path)
         if (dialog)
             dialog->close();
     });
-    window->OnPlotProperties();
+    show();
     return saved;
 }
 
@@ -78,19 +80,23 @@ int main(int argc, char **argv)
     const QCommandLineOption renderProperties(QStringLiteral("render-dialog"),
                                               QStringLiteral("Renders the properties dialog, likewise."),
                                               QStringLiteral("picture"));
+    const QCommandLineOption renderOptions(QStringLiteral("render-options"),
+                                           QStringLiteral("Renders the options dialog, likewise."),
+                                           QStringLiteral("picture"));
     const QCommandLineOption renderReading(QStringLiteral("render-progress"),
                                            QStringLiteral("Renders the progress dialog, likewise."),
                                            QStringLiteral("picture"));
     const QCommandLineOption summary(QStringLiteral("summary"),
                                      QStringLiteral("Writes the summary of the plot to a file and ends."),
                                      QStringLiteral("text file"));
-    parser.addOptions({render, renderProperties, renderReading, summary});
+    parser.addOptions({render, renderProperties, renderOptions, renderReading, summary});
     parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("The plot to open."),
                                  QStringLiteral("[file]"));
     parser.process(qtApplication);
 
     const bool endsAtOnce = parser.isSet(render) || parser.isSet(renderProperties)
-                            || parser.isSet(renderReading) || parser.isSet(summary);
+                            || parser.isSet(renderOptions) || parser.isSet(renderReading)
+                            || parser.isSet(summary);
     if (endsAtOnce)
         application.SetUnattended();
     const QStringList files = parser.positionalArguments();
@@ -103,7 +109,11 @@ int main(int argc, char **argv)
         QCoreApplication::processEvents();
         const bool saved = (!parser.isSet(render) || savePicture(window->GetForm(), parser.value(render)))
                            && (!parser.isSet(renderProperties)
-                               || renderDialog(window, parser.value(renderProperties)))
+                               || renderDialog(parser.value(renderProperties),
+                                               [window] { window->OnPlotProperties(); }))
+                           && (!parser.isSet(renderOptions)
+                               || renderDialog(parser.value(renderOptions),
+                                               [window] { window->ShowOptions(COptionsDialog::PensPage); }))
                            && (!parser.isSet(renderReading)
                                || renderProgress(window, parser.value(renderReading)))
                            && (!parser.isSet(summary) || saveSummary(window, parser.value(summary)));

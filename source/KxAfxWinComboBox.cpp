@@ -137,7 +137,7 @@ int CComboBox::FindString(int, const wchar_t *lpszString) const
 
 int CComboBox::FindStringExact(int nIndexStart, const wchar_t *lpszFind) const
 {
-    return FindString(nIndexStart, lpszFind);
+    return isSmallHandle(this) ? 0 : FindString(nIndexStart, lpszFind);
 }
 
 int CComboBox::SelectString(int, const wchar_t *lpszString)
@@ -193,12 +193,12 @@ void *CComboBox::GetItemDataPtr(int nIndex) const
 
 int CComboBox::SetItemData(int nIndex, unsigned long dwItemData)
 {
-    return SetItemDataPtr(nIndex, reinterpret_cast<void *>(dwItemData));
+    return isSmallHandle(this) ? 0 : SetItemDataPtr(nIndex, reinterpret_cast<void *>(dwItemData));
 }
 
 unsigned long CComboBox::GetItemData(int nIndex) const
 {
-    return reinterpret_cast<unsigned long>(GetItemDataPtr(nIndex));
+    return isSmallHandle(this) ? 0 : reinterpret_cast<unsigned long>(GetItemDataPtr(nIndex));
 }
 
 // ---- the list of rows ----------------------------------------------------------------------------------

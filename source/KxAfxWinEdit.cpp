@@ -46,7 +46,7 @@ int CEdit::GetWindowTextW(wchar_t *lpszStringBuf, int nMaxCount) const
 
 int CEdit::GetWindowTextLengthW() const
 {
-    return CWnd::GetWindowTextLengthW();
+    return isSmallHandle(this) ? 0 : CWnd::GetWindowTextLengthW();
 }
 
 BOOL CEdit::SetReadOnly(BOOL bReadOnly)

@@ -25,7 +25,7 @@ int CTabCtrl::SetCurSel(int nItem)
 
 int CTabCtrl::GetActiveTab() const
 {
-    return GetCurSel();
+    return isSmallHandle(this) ? 0 : GetCurSel();
 }
 
 BOOL CTabCtrl::SetActiveTab(int nItem)

@@ -208,7 +208,7 @@ BOOL CTreeCtrl::SetItemState(HTREEITEM hItem, UINT nState, UINT nStateMask)
 
 BOOL CTreeCtrl::Select(HTREEITEM hItem, UINT)
 {
-    return SelectItem(hItem);
+    return !isSmallHandle(this) && SelectItem(hItem);
 }
 
 BOOL CTreeCtrl::SelectItem(HTREEITEM hItem)

@@ -56,13 +56,16 @@ Widget *widgetCast(QWidget *widget)
     return nullptr;
 }
 
-/// The widget of a bound window when it is a `Widget`; null for a small pointer, an unbound window or a widget of
-/// another kind.
-template<class Widget = QWidget>
-Widget *boundWidget(const CWnd *window)
+/// The widget of a bound window when it is a `Widget`; null for a small pointer, an unbound window or a widget
+/// of another kind. The pointer is looked at before it is taken for one to a CWnd.
+template<class Widget = QWidget, class Window>
+Widget *boundWidget(const Window *window)
 {
-    const CWndPrivate *d = privateBlock(window);
-    QWidget *widget = d && window->m_hWnd ? d->widget : nullptr;
+    if (isSmallHandle(window))
+        return nullptr;
+    const CWnd *const bound = window;
+    const CWndPrivate *d = bound->d_func();
+    QWidget *widget = d && bound->m_hWnd ? d->widget : nullptr;
     if constexpr (std::is_same_v<Widget, QWidget>)
         return widget;
     else

@@ -322,10 +322,10 @@ void PathNameEditsTest::extensions_data()
     editRow("Remove: the last of two", relative(L"a.tar.gz"), removeExtension, L"0 a.tar 1");
     editRow("Remove: none", relative(L"a"), removeExtension, L"0 a 1");
     editRow("Remove: of a directory", rooted(L"/a.b/c"), removeExtension, L"0 /a.b/c 1");
-    const auto removeQuietly = [](CRmUiPathname &path) { return path.RemoveExtensionAlways(), 0; };
+    const auto removeQuietly = [](CRmUiPathname &path) { path.RemoveExtensionAlways(); return 0; };
     editRow("Remove: device", untyped(kDevicePath), removeQuietly, L"0 a/b.txt 5");
     const auto removeIf = [](const wchar_t *list) -> Edit {
-        return [list](CRmUiPathname &path) { return path.RemoveExtensionIfMatch(list), 0; };
+        return [list](CRmUiPathname &path) { path.RemoveExtensionIfMatch(list); return 0; };
     };
     editRow("RemoveIf: it is one", relative(L"a.DXF"), removeIf(L"dwg;dxf"), L"0 a 1");
     editRow("RemoveIf: it is none", relative(L"a.txt"), removeIf(L"dwg;dxf"), L"0 a.txt 3");

@@ -567,7 +567,7 @@ void PathNamesTest::copiesThroughTheVirtualOperation()
 {
     struct Counting : CRmUiPathname {
         using CRmUiPathname::operator=;
-        void AssignCopy(const CRmUiPathname &other) override { ++count, CRmUiPathname::AssignCopy(other); }
+        void AssignCopy(const CRmUiPathname &other) override { ++count; CRmUiPathname::AssignCopy(other); }
         int count = 0;
     } target;
     const Path source(kFilePath, kRootCategory, L"/a");

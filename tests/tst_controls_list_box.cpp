@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // CListBox over a QListWidget: its rows, their data, its selection, and where there is no list.
 
+#include "KxClassLayout.h"
 #include "KxTestCase.h"
 
 #include <QtTest/QSignalSpy>
@@ -37,41 +38,6 @@ qint64 number(Result result)
 QString qt(const CString &string)
 {
     return QString::fromWCharArray(string, string.GetLength());
-}
-
-template<class Member>
-int slotOf(Member member)
-{
-    std::uintptr_t raw[2];
-    static_assert(sizeof raw == sizeof member);
-    std::memcpy(raw, &member, sizeof raw);
-    return raw[0] % 2 == 1 ? static_cast<int>((raw[0] - 1) / sizeof(void *)) : -1;
-}
-
-/// How many slots the table of `Class` has: the slot of the first operation that a derived class adds.
-template<class Class>
-int slotCount()
-{
-    struct Derived : Class {
-        virtual void next() {}
-    };
-    return slotOf(&Derived::next);
-}
-
-/// The slots of CWnd in which the tables of two objects differ, without the destructors' in 0 and 1.
-QList<int> overridden(const CWnd &object)
-{
-    const CWnd window(nullptr);
-    const void *const *table = nullptr;
-    const void *const *other = nullptr;
-    std::memcpy(&table, static_cast<const void *>(&object), sizeof table);
-    std::memcpy(&other, static_cast<const void *>(&window), sizeof other);
-    QList<int> found;
-    for (int slot = 2; slot < 20; ++slot) {
-        if (table[slot] != other[slot])
-            found.append(slot);
-    }
-    return found;
 }
 
 /// All rows: the current one in brackets, * behind the selected ones.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // CSliderCtrl and CScrollBar over sliders; CSpinButtonCtrl, CToolTipCtrl, CControlBar and CRichEditCtrl.
 
+#include "KxClassLayout.h"
 #include "KxTestCase.h"
 
 #include <QtTest/QSignalSpy>
@@ -170,25 +171,6 @@ const NamedCall fixedCalls[] = {
 #undef KX_RUN
 #undef KX_PAIR
 #undef KX_RECT
-
-template<class Member>
-int slotOf(Member member)
-{
-    std::uintptr_t raw[2];
-    static_assert(sizeof raw == sizeof member);
-    std::memcpy(raw, &member, sizeof raw);
-    return raw[0] % 2 == 1 ? static_cast<int>((raw[0] - 1) / sizeof(void *)) : -1;
-}
-
-/// How many slots the table of `Class` has: the slot of the first operation that a derived class adds.
-template<class Class>
-int slotCount()
-{
-    struct Derived : Class {
-        virtual void next() {}
-    };
-    return slotOf(&Derived::next);
-}
 
 /// Whether the operations of CWnd, but for the destructors, are CWnd's own.
 template<class Class>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // CTabCtrl over a QTabWidget.
 
+#include "KxClassLayout.h"
 #include "KxTestCase.h"
 
 #include <QtCore/QPointer>
@@ -128,15 +129,6 @@ const NamedCall calls[] = {
 };
 
 #undef KX_CALL
-
-template<class Member>
-int slotOf(Member member)
-{
-    std::uintptr_t raw[2];
-    static_assert(sizeof raw == sizeof member);
-    std::memcpy(raw, &member, sizeof raw);
-    return raw[0] % 2 == 1 ? static_cast<int>((raw[0] - 1) / sizeof(void *)) : -1;
-}
 
 } // namespace
 

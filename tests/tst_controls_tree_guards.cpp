@@ -2,6 +2,7 @@
 // CTreeCtrl where there is no tree or no item, its members with fixed results, and CImageList, which keeps
 // nothing.
 
+#include "KxClassLayout.h"
 #include "KxTestCase.h"
 
 #include <QtWidgets/QLineEdit>
@@ -108,40 +109,6 @@ qint64 number(Result result)
 qint64 number(const CString &string)
 {
     return string.GetLength();
-}
-
-template<class Member>
-int slotOf(Member member)
-{
-    std::uintptr_t raw[2];
-    static_assert(sizeof raw == sizeof member);
-    std::memcpy(raw, &member, sizeof raw);
-    return raw[0] % 2 == 1 ? static_cast<int>((raw[0] - 1) / sizeof(void *)) : -1;
-}
-
-/// How many slots the table of `Class` has: the slot of the first operation that a derived class adds.
-template<class Class>
-int slotCount()
-{
-    struct Derived : Class {
-        virtual void next() {}
-    };
-    return slotOf(&Derived::next);
-}
-
-/// The slots in which the tables of two objects differ.
-QList<int> differences(const CWnd &object, const CWnd &other, int count)
-{
-    const void *const *table = nullptr;
-    const void *const *otherTable = nullptr;
-    std::memcpy(&table, static_cast<const void *>(&object), sizeof table);
-    std::memcpy(&otherTable, static_cast<const void *>(&other), sizeof otherTable);
-    QList<int> found;
-    for (int slot = 0; slot < count; ++slot) {
-        if (table[slot] != otherTable[slot])
-            found.append(slot);
-    }
-    return found;
 }
 
 CBitmap *anyBitmap()
@@ -567,13 +534,13 @@ void ControlsTreeGuardsTest::layout_data()
         const CWnd window;
         const CTreeCtrl tree;
         QCOMPARE(slotCount<CTreeCtrl>(), 20);
-        QCOMPARE(differences(tree, window, 20), (QList<int>{0, 1}));
+        QCOMPARE(differences(&tree, &window, 20), (QList<int>{0, 1}));
     });
     QTest::newRow("CImageList has the 20 slots of CWnd and overrides its destructors") << Promise([] {
         const CWnd window;
         const CImageList list;
         QCOMPARE(slotCount<CImageList>(), 20);
-        QCOMPARE(differences(list, window, 20), (QList<int>{0, 1}));
+        QCOMPARE(differences(&list, &window, 20), (QList<int>{0, 1}));
     });
     QTest::newRow("both are unbound and without a parent at first") << Promise([] {
         CTreeCtrl tree;

@@ -5,6 +5,7 @@
 // virtual member.
 
 #include "KxFileSandbox.h"
+#include "KxClassLayout.h"
 #include "KxTestCase.h"
 
 #include <afx.h>
@@ -41,54 +42,6 @@ struct SharedFile : CSharedFile
     using CSharedFile::CSharedFile;
     using CSharedFile::m_hGlobalMemory;
 };
-
-/// The slot that the Itanium C++ ABI writes into a pointer to a virtual member; -1 for another member.
-template<class Member>
-int slotOf(Member member)
-{
-    struct {
-        std::uintptr_t pointer;
-        std::ptrdiff_t adjustment;
-    } raw;
-    static_assert(sizeof raw == sizeof member);
-    std::memcpy(&raw, &member, sizeof raw);
-    return raw.pointer % 2 == 1 ? static_cast<int>((raw.pointer - 1) / sizeof(void *)) : -1;
-}
-
-/// How many slots the table of `Class` has: the slot of the first operation that a derived class adds.
-template<class Class>
-int slotCount()
-{
-    struct Derived : Class {
-        using Class::Class;
-        virtual void next() {}
-    };
-    return slotOf(&Derived::next);
-}
-
-const void *const *tableOf(const void *object)
-{
-    const void *const *table = nullptr;
-    std::memcpy(&table, object, sizeof table);
-    return table;
-}
-
-/// The slots in which the tables of two objects differ.
-QList<int> differences(const void *object, const void *other, int count)
-{
-    QList<int> found;
-    for (int slot = 0; slot < count; ++slot) {
-        if (tableOf(object)[slot] != tableOf(other)[slot])
-            found.append(slot);
-    }
-    return found;
-}
-
-template<class Object, class Field>
-int offsetOf(const Object &object, const Field &field)
-{
-    return static_cast<int>(reinterpret_cast<const char *>(&field) - reinterpret_cast<const char *>(&object));
-}
 
 /// What stands in an object at a byte offset.
 template<class Value, class Object>

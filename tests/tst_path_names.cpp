@@ -3,6 +3,7 @@
 
 #include "KxFileSandbox.h"
 #include "KxPlatformServices.h"
+#include "KxClassLayout.h"
 #include "KxTestCase.h"
 #include "KxTextRows.h"
 
@@ -18,18 +19,6 @@
 #include <type_traits>
 
 namespace {
-
-template<class Member>
-int slotOf(Member member)
-{
-    struct {
-        std::uintptr_t pointer;
-        std::ptrdiff_t adjustment;
-    } raw;
-    static_assert(sizeof raw == sizeof member);
-    std::memcpy(&raw, &member, sizeof raw);
-    return raw.pointer % 2 == 1 ? static_cast<int>((raw.pointer - 1) / sizeof(void *)) : -1;
-}
 
 template<class Value>
 Value read(const CRmUiPathname &object, int offset)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "KxChildOutcome.h"
+#include "KxClassLayout.h"
 #include "KxTestCase.h"
 #include "KxTextRows.h"
 
@@ -25,18 +26,6 @@ int __lsan_is_turned_off()
 
 namespace {
 
-template<class Member>
-int slotOf(Member member)
-{
-    struct {
-        std::uintptr_t pointer;
-        std::ptrdiff_t adjustment;
-    } raw;
-    static_assert(sizeof raw == sizeof member);
-    std::memcpy(&raw, &member, sizeof raw);
-    return raw.pointer % 2 == 1 ? static_cast<int>((raw.pointer - 1) / sizeof(void *)) : -1;
-}
-
 /// The slot of the first operation that a derived class adds.
 struct OneMore : CRmUiNTFSVolumeDescriptor {
     using CRmUiNTFSVolumeDescriptor::CRmUiNTFSVolumeDescriptor;
@@ -50,13 +39,6 @@ Value read(const Object &object, int offset)
     Value value;
     std::memcpy(&value, reinterpret_cast<const char *>(&object) + offset, sizeof value);
     return value;
-}
-
-const void *const *tableOf(const void *object)
-{
-    const void *const *table = nullptr;
-    std::memcpy(&table, object, sizeof table);
-    return table;
 }
 
 /// A volume whose fields can be set.

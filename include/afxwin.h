@@ -17,5 +17,7 @@
 #include "KxAfxWinListCtrl.h"
 #include "KxAfxWinTabCtrl.h"
 #include "KxAfxWinTreeCtrl.h"
+#include "KxDibData.h"
+#include "KxGrQtDoubleBufferImage.h"
 #include "KxQBaseDialog.h"
 #include "afx.h"

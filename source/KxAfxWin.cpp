@@ -90,7 +90,10 @@ CWnd::~CWnd()
             delete window;
     }
     unreachableWrappers.remove(this);
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdelete-non-virtual-dtor" // GetDC() makes a plain CDC.
     delete d->dc;
+#pragma GCC diagnostic pop
     delete d;
 }
 

@@ -174,7 +174,7 @@ using PCTSTR = const TCHAR *;
 using LPCTSTR = const TCHAR *;
 
 // ---------------------------------------------------------------------------------------------------------
-// Handles: pointers to types that are never complete, so that the compiler tells them apart
+// Handles: pointers to types that are not complete here, so that the compiler tells them apart
 // ---------------------------------------------------------------------------------------------------------
 
 #define DECLARE_HANDLE(name) \

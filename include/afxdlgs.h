@@ -2,6 +2,8 @@
 #pragma once
 
 /// \file
-/// Brings what afxwin.h brings.
+/// MFC's file dialog, with the windows.
 
+#include "KxAfxDlgs.h"
+#include "KxQtFileDialog.h"
 #include "afxwin.h"

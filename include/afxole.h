@@ -2,6 +2,7 @@
 #pragma once
 
 /// \file
-/// Brings what afxwin.h brings.
+/// MFC's clipboard classes, with the windows.
 
+#include "KxAfxOle.h"
 #include "afxwin.h"

@@ -16,6 +16,8 @@
 #include "KxWinCommonControls.h"
 #include "KxWinConstants.h"
 #include "KxWinCrt.h"
+#include "KxWinFileDialog.h"
+#include "KxWinOle.h"
 #include "KxWinRecords.h"
 #include "KxWinText.h"
 

@@ -82,8 +82,8 @@ public:
     /// Makes the pixels from `x1` to `x2`, in either order and both included, `v`; what lies left or right of the
     /// bitmap is left out. `y` has to be a row of the bitmap: it is not checked.
     ///
-    /// At 32 bits the whole of `v` is written, its alpha too: an opaque pixel needs 0xFF in the top byte. At 24 bits
-    /// nothing is written.
+    /// At 32 bits the whole of `v` is written, its alpha too: an opaque pixel needs 0xFF in the top byte. Opaque white
+    /// is then 0xFFFFFFFF and cannot be drawn; SetPixel() can. At 24 bits nothing is written.
     /// \return FALSE when there is no bitmap, when all of it lies left or all right of the bitmap, for a `v` of
     /// 0xFFFFFFFF and for a depth that is not served; otherwise TRUE
     BOOL DrawLineH(int x1, int x2, int y, DWORD v);
@@ -91,8 +91,8 @@ public:
     /// Owned by this object; null before makeBitmap().
     BITMAPINFOHEADER *GetHeaderPtr() const { return m_pHeader; }
     /// In pixels; 0 before makeBitmap(), as GetHeight().
-    int GetWidth() const;
-    int GetHeight() const;
+    int GetWidth() const { return m_pHeader ? m_pHeader->biWidth : 0; }
+    int GetHeight() const { return m_pHeader ? m_pHeader->biHeight : 0; }
 
 protected:
     // All of them owned. A bitmap of a derived class's own needs m_pHeader (biWidth and biHeight), m_pRows and

@@ -108,6 +108,13 @@ COLORREF CDibData::GetPixel(int x, int y) const
     return ValueToRGB(GetPixelValue(x, y));
 }
 
+inline const unsigned char *CDibData::rowAt(int x, int y) const
+{
+    if (!m_pRows || x < 0 || x >= GetWidth() || y < 0 || y >= rowCount(GetHeight()))
+        return nullptr;
+    return m_pRows[y];
+}
+
 DWORD CDibData::GetPixelValue(int x, int y) const
 {
     const unsigned char *row = rowAt(x, y);
@@ -116,20 +123,13 @@ DWORD CDibData::GetPixelValue(int x, int y) const
 
 // ---- runs of pixels ------------------------------------------------------------------------------------
 
-const unsigned char *CDibData::rowAt(int x, int y) const
-{
-    if (!m_pRows || x < 0 || x >= GetWidth() || y < 0 || y >= rowCount(GetHeight()))
-        return nullptr;
-    return m_pRows[y];
-}
-
-const unsigned char *CDibData::walkableRow(int x, int y, int limit, DWORD v) const
+inline const unsigned char *CDibData::walkableRow(int x, int y, int limit, DWORD v) const
 {
     return limit >= 0 && limit < GetWidth() && v != NoValue ? rowAt(x, y) : nullptr;
 }
 
 template<bool StopAtEqual>
-int CDibData::walkLeft(int x, int y, int limit, DWORD v) const
+inline int CDibData::walkLeft(int x, int y, int limit, DWORD v) const
 {
     const unsigned char *row = walkableRow(x, y, limit, v);
     if (!row)
@@ -143,7 +143,7 @@ int CDibData::walkLeft(int x, int y, int limit, DWORD v) const
 }
 
 template<bool StopAtEqual>
-int CDibData::walkRight(int x, int y, int limit, DWORD v) const
+inline int CDibData::walkRight(int x, int y, int limit, DWORD v) const
 {
     const unsigned char *row = walkableRow(x, y, limit, v);
     if (!row)
@@ -183,14 +183,4 @@ BOOL CDibData::DrawLineH(int x1, int x2, int y, DWORD v)
     const int first = std::max(std::min(x1, x2), 0);
     const int last = std::min(std::max(x1, x2), GetWidth() - 1);
     return first <= last && m_pRows[y] && KxDibRow::fill(m_pRows[y], m_nBitCount, first, last, v);
-}
-
-int CDibData::GetWidth() const
-{
-    return m_pHeader ? m_pHeader->biWidth : 0;
-}
-
-int CDibData::GetHeight() const
-{
-    return m_pHeader ? m_pHeader->biHeight : 0;
 }

@@ -2,6 +2,7 @@
 #include "KxDibRow_p.h"
 
 #include "KxDibData.h"
+#include "KxDibWalk_p.h"
 
 #include <cstring>
 #include <cwchar>
@@ -20,150 +21,46 @@ Word load(const unsigned char *bytes)
 
 // ---- pixels of whole words -----------------------------------------------------------------------------
 
-/// The bits of a word that are compared.
-template<class Word>
-constexpr Word comparedBits = static_cast<Word>(sizeof(Word) == 4 ? RGB_MASK : ~0u);
-
-template<class Word, StopAt stop>
-bool stopsAt(Word word, Word value)
+const KxDibWalks &walksOfThisProcessor()
 {
-    return ((word & comparedBits<Word>) == value) == (stop == StopAt::Equal);
-}
-
-template<class Word, std::size_t Bytes>
-struct Register
-{
-    typedef Word Type __attribute__((vector_size(Bytes)));
-};
-
-/// A few words that the compiler handles in one register, where there are such registers.
-template<class Word, std::size_t Bytes>
-struct Block
-{
-    using Words = typename Register<Word, Bytes>::Type;
-    using Quads = typename Register<std::uint64_t, Bytes>::Type;
-    static constexpr std::size_t Length = Bytes / sizeof(Word);
-
-    /// Not all zero when one of the words stops the walk.
-    template<StopAt stop>
-    [[gnu::always_inline]] static void collectStops(Quads &stops, const unsigned char *bytes, const Words &value)
-    {
-        Words words;
-        std::memcpy(&words, bytes, Bytes);
-        const Words compared = words & comparedBits<Word>;
-        if constexpr (stop == StopAt::Equal)
-            stops |= reinterpret_cast<Quads>(compared == value);
-        else
-            stops |= reinterpret_cast<Quads>(compared ^ value);
-    }
-
-    /// Whether one of the words in `count` blocks stops the walk.
-    template<StopAt stop, int count>
-    [[gnu::always_inline]] static bool anyStops(const unsigned char *bytes, const Words &value)
-    {
-        Quads stops = {};
-        for (std::size_t i = 0; i < count; ++i)
-            collectStops<stop>(stops, bytes + i * Bytes, value);
-        std::uint64_t any = 0;
-        for (std::size_t i = 0; i < Bytes / sizeof any; ++i)
-            any |= stops[i];
-        return any != 0;
-    }
-};
-
-/// The words before the first that stops the walk.
-template<class Word, StopAt stop, std::size_t Bytes>
-[[gnu::always_inline]] inline std::size_t wordsBefore(const unsigned char *row, std::size_t count, Word value)
-{
-    using B = Block<Word, Bytes>;
-    const typename B::Words values = value - typename B::Words{};
-    std::size_t i = 0;
-    while (count - i >= 4 * B::Length && !B::template anyStops<stop, 4>(row + i * sizeof(Word), values))
-        i += 4 * B::Length;
-    while (count - i >= B::Length && !B::template anyStops<stop, 1>(row + i * sizeof(Word), values))
-        i += B::Length;
-    while (i < count && !stopsAt<Word, stop>(load<Word>(row + i * sizeof(Word)), value))
-        ++i;
-    return i;
-}
-
-/// The words behind the last that stops the walk.
-template<class Word, StopAt stop, std::size_t Bytes>
-[[gnu::always_inline]] inline std::size_t wordsBehind(const unsigned char *row, std::size_t count, Word value)
-{
-    using B = Block<Word, Bytes>;
-    const typename B::Words values = value - typename B::Words{};
-    std::size_t i = count;
-    while (i >= 4 * B::Length
-           && !B::template anyStops<stop, 4>(row + (i - 4 * B::Length) * sizeof(Word), values))
-        i -= 4 * B::Length;
-    while (i >= B::Length && !B::template anyStops<stop, 1>(row + (i - B::Length) * sizeof(Word), values))
-        i -= B::Length;
-    while (i > 0 && !stopsAt<Word, stop>(load<Word>(row + (i - 1) * sizeof(Word)), value))
-        --i;
-    return count - i;
-}
-
 #if defined(__x86_64__)
-
-const bool hasWideRegisters = __builtin_cpu_supports("avx2");
-
-template<class Word, StopAt stop>
-__attribute__((target("avx2"))) std::size_t wordsBeforeWide(const unsigned char *row, std::size_t count, Word value)
-{
-    return wordsBefore<Word, stop, 32>(row, count, value);
-}
-
-template<class Word, StopAt stop>
-__attribute__((target("avx2"))) std::size_t wordsBehindWide(const unsigned char *row, std::size_t count, Word value)
-{
-    return wordsBehind<Word, stop, 32>(row, count, value);
-}
-
-template<class Word, StopAt stop>
-std::size_t runOfWordsRight(const unsigned char *row, std::size_t count, Word value)
-{
-    return hasWideRegisters ? wordsBeforeWide<Word, stop>(row, count, value)
-                            : wordsBefore<Word, stop, 16>(row, count, value);
-}
-
-template<class Word, StopAt stop>
-std::size_t runOfWordsLeft(const unsigned char *row, std::size_t count, Word value)
-{
-    return hasWideRegisters ? wordsBehindWide<Word, stop>(row, count, value)
-                            : wordsBehind<Word, stop, 16>(row, count, value);
-}
-
-#else
-
-template<class Word, StopAt stop>
-std::size_t runOfWordsRight(const unsigned char *row, std::size_t count, Word value)
-{
-    return wordsBefore<Word, stop, 16>(row, count, value);
-}
-
-template<class Word, StopAt stop>
-std::size_t runOfWordsLeft(const unsigned char *row, std::size_t count, Word value)
-{
-    return wordsBehind<Word, stop, 16>(row, count, value);
-}
-
+    static const bool hasAvx2 = __builtin_cpu_supports("avx2");
+    if (hasAvx2)
+        return KxDibWalksOfAvx2;
 #endif
+    return KxDibWalksOfAnyProcessor;
+}
+
+template<class Word>
+constexpr std::size_t walkIndex = sizeof(Word) / 2;
+
+/// Whether no word can be the value: what is compared has not all its bits.
+template<class Word>
+bool isBeyond(std::uint32_t value)
+{
+    return sizeof(Word) == 4 && value > RGB_MASK;
+}
 
 template<class Word, StopAt stop>
 int wordsRight(const unsigned char *row, int x, int count, std::uint32_t value)
 {
+    if (isBeyond<Word>(value))
+        return stop == StopAt::Equal ? count : 0;
+    const KxDibWalk &walk = walksOfThisProcessor()[walkIndex<Word>];
+    const auto run = stop == StopAt::Equal ? walk.rightToEqual : walk.rightToDifferent;
     const unsigned char *first = row + static_cast<std::size_t>(x) * sizeof(Word);
-    return static_cast<int>(runOfWordsRight<Word, stop>(first, static_cast<std::size_t>(count),
-                                                        static_cast<Word>(value)));
+    return static_cast<int>(run(first, static_cast<std::size_t>(count), value));
 }
 
 template<class Word, StopAt stop>
 int wordsLeft(const unsigned char *row, int x, int count, std::uint32_t value)
 {
-    const unsigned char *last = row + static_cast<std::size_t>(x - count + 1) * sizeof(Word);
-    return static_cast<int>(runOfWordsLeft<Word, stop>(last, static_cast<std::size_t>(count),
-                                                       static_cast<Word>(value)));
+    if (isBeyond<Word>(value))
+        return stop == StopAt::Equal ? count : 0;
+    const KxDibWalk &walk = walksOfThisProcessor()[walkIndex<Word>];
+    const auto run = stop == StopAt::Equal ? walk.leftToEqual : walk.leftToDifferent;
+    const unsigned char *first = row + static_cast<std::size_t>(x - count + 1) * sizeof(Word);
+    return static_cast<int>(run(first, static_cast<std::size_t>(count), value));
 }
 
 // ---- pixels of three bytes -----------------------------------------------------------------------------
@@ -353,6 +250,16 @@ std::uint32_t pixel(const unsigned char *row, int depth, int x)
 
 void fill32(unsigned char *target, std::size_t count, std::uint32_t word)
 {
+    constexpr std::size_t Few = 32; // A call costs as much.
+    if (count <= Few) {
+        const std::uint64_t pair = word * 0x0000000100000001u;
+        std::size_t i = 0;
+        for (; i + 2 <= count; i += 2)
+            std::memcpy(target + 4 * i, &pair, sizeof pair);
+        if (i < count)
+            std::memcpy(target + 4 * i, &word, sizeof word);
+        return;
+    }
     // The words of the C library that have 32 bits. Alignment is nothing to it.
     static_assert(sizeof(wchar_t) == sizeof word);
     std::wmemset(static_cast<wchar_t *>(static_cast<void *>(target)), static_cast<wchar_t>(word), count);

@@ -89,6 +89,8 @@ void KxGrQtDoubleBufferImage::deleteFrontImage()
 
 void KxGrQtDoubleBufferImage::repairFrontBuffer()
 {
+    if (!m_memImage || !m_frontImage)
+        return;
     QPainter(m_frontImage).drawImage(0, 0, *m_memImage);
     if (m_frontBuffer)
         QPainter(m_frontBuffer->m_memImage).drawImage(0, 0, *m_frontImage);

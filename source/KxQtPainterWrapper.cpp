@@ -149,8 +149,9 @@ void KxQtPainterWrapper::setROP2(int mode)
 
 void KxQtPainterWrapper::setPen(int style, int width, COLORREF colour)
 {
-    QPen pen(LsToQPenStyle(style));
-    if (pen.style() == Qt::DashLine || pen.style() == Qt::CustomDashLine)
+    const Qt::PenStyle qtStyle = LsToQPenStyle(style);
+    QPen pen(qtStyle);
+    if (qtStyle == Qt::DashLine || qtStyle == Qt::CustomDashLine)
         pen.setDashPattern({12.0, 4.0});
     pen.setWidth(width);
     pen.setColor(toQColor(colour));

@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
-#include <new>
 
 using KxDibRow::StopAt;
 
@@ -53,7 +52,7 @@ void CDibData::makeBitmap(HDC &dc, HBITMAP &bitmap, int width, int height, HDC)
 {
     const bool hasPixels = width > 0 && height > 0 && width <= std::numeric_limits<int>::max() / 4;
     const std::size_t rowBytes = hasPixels ? 4 * static_cast<std::size_t>(width) : 0;
-    const std::size_t rows = static_cast<std::size_t>(rowCount(height));
+    const std::size_t rows = hasPixels ? static_cast<std::size_t>(height) : 0;
     m_pBits = static_cast<unsigned char *>(std::malloc(rowBytes * rows));
     const bool isMade = hasPixels && m_pBits;
     m_pImage = isMade ? new QImage(m_pBits, width, height, 4 * width, QImage::Format_ARGB32_Premultiplied)
@@ -71,9 +70,8 @@ void CDibData::makeBitmap(HDC &dc, HBITMAP &bitmap, int width, int height, HDC)
     m_pHeader->biCompression = BI_RGB;
     m_nBitCount = 32;
 
-    // A row that is not there stays null.
-    m_pRows = new (std::nothrow) unsigned char *[rows]();
-    for (std::size_t y = 0; isMade && m_pRows && y < rows; ++y) {
+    m_pRows = isMade ? new unsigned char *[rows] : nullptr;
+    for (std::size_t y = 0; isMade && y < rows; ++y) {
         m_pRows[y] = m_pBits + y * rowBytes;
         KxDibRow::fill32(m_pRows[y], rowBytes / 4, Opaque);
     }
@@ -181,6 +179,6 @@ BOOL CDibData::DrawLineH(int x1, int x2, int y, DWORD v)
     if (!m_pRows || v == NoValue)
         return FALSE;
     const int first = std::max(std::min(x1, x2), 0);
-    const int last = std::min(std::max(x1, x2), GetWidth() - 1);
-    return first <= last && m_pRows[y] && KxDibRow::fill(m_pRows[y], m_nBitCount, first, last, v);
+    const int last = std::min(std::max(x1, x2), std::max(GetWidth(), 0) - 1);
+    return first <= last && KxDibRow::fill(m_pRows[y], m_nBitCount, first, last, v);
 }

@@ -250,19 +250,18 @@ std::uint32_t pixel(const unsigned char *row, int depth, int x)
 
 void fill32(unsigned char *target, std::size_t count, std::uint32_t word)
 {
+    static_assert(sizeof(wchar_t) == sizeof word);
     constexpr std::size_t Few = 32; // A call costs as much.
-    if (count <= Few) {
-        const std::uint64_t pair = word * 0x0000000100000001u;
-        std::size_t i = 0;
-        for (; i + 2 <= count; i += 2)
-            std::memcpy(target + 4 * i, &pair, sizeof pair);
-        if (i < count)
-            std::memcpy(target + 4 * i, &word, sizeof word);
+    if (count > Few && reinterpret_cast<std::uintptr_t>(target) % alignof(wchar_t) == 0) {
+        std::wmemset(static_cast<wchar_t *>(static_cast<void *>(target)), static_cast<wchar_t>(word), count);
         return;
     }
-    // The words of the C library that have 32 bits. Alignment is nothing to it.
-    static_assert(sizeof(wchar_t) == sizeof word);
-    std::wmemset(static_cast<wchar_t *>(static_cast<void *>(target)), static_cast<wchar_t>(word), count);
+    const std::uint64_t pair = word * 0x0000000100000001u;
+    std::size_t i = 0;
+    for (; i + 2 <= count; i += 2)
+        std::memcpy(target + 4 * i, &pair, sizeof pair);
+    if (i < count)
+        std::memcpy(target + 4 * i, &word, sizeof word);
 }
 
 bool fill(unsigned char *row, int depth, int first, int last, std::uint32_t value)

@@ -103,7 +103,8 @@ KX_EXPORT UINT RegisterClipboardFormatW(const wchar_t *lpszFormat);
 /// The fixed format at a position of the enumeration: CF_UNICODETEXT at 0, CF_BITMAP at 1, CF_TEXT anywhere else.
 KX_EXPORT CLIPFORMAT TOCLIPFORMAT(int i);
 
-/// The contents of the clipboard: an entry for each registered name, empty or the record of the block.
+/// The contents of the clipboard: an entry for each registered name, empty or the record of the block. To be read
+/// only: whatever stands here counts as a block, and is freed as one.
 extern KX_EXPORT QMimeData g_tnorClipboardData;
 /// The names of the registered formats by number.
 extern KX_EXPORT std::map<int, CString> g_mapCF;

@@ -152,7 +152,8 @@ public:
     void drawAlphaArea(const CPoint *points, int n, unsigned int colour, int alpha);
     /// Draws the caller's pixels, `a` wide and `b` high, with their upper left corner at (a, b). `format` is a
     /// number of QImage::Format; each row starts at a multiple of 4 bytes. `c` and `d` are ignored. The memory
-    /// is read during the call only. To draw at another place, use the other overload.
+    /// is read during the call only. One bit is black or white, eight bits are 256 shades of grey. To draw at another
+    /// place, use the other overload.
     void drawImage(int a, int b, unsigned char *bits, int c, int d, int format);
     /// Draws an image scaled into a rectangle.
     void drawImage(const QRect &rect, const QImage &image);

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <limits>
 
 namespace {
 
@@ -34,6 +35,14 @@ QPolygon toQPolygon(const tagPOINT *points, int n)
 QColor toQColor(COLORREF colour)
 {
     return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF, 255);
+}
+
+QVector<QRgb> shadesOfGrey()
+{
+    QVector<QRgb> shades;
+    for (int i = 0; i < 256; ++i)
+        shades.append(qRgb(i, i, i));
+    return shades;
 }
 
 } // namespace
@@ -199,7 +208,9 @@ void KxQtPainterWrapper::setFontIndirect(const tagLOGFONTW *font)
         chosen.setWeight(font->lfWeight / 10);
     // The weight in the place of a missing height is meant.
     const int height = font->lfHeight > 0 ? font->lfHeight : font->lfWeight;
-    chosen.setPixelSize(static_cast<int>(static_cast<double>(device->depth()) * height / 36.0));
+    const double pixels = static_cast<double>(device->depth()) * height / 36.0;
+    constexpr double Most = std::numeric_limits<int>::max();
+    chosen.setPixelSize(static_cast<int>(std::clamp(pixels, -Most, Most)));
     chosen.setFixedPitch(font->lfPitchAndFamily == FIXED_PITCH);
     painter->setFont(chosen);
 }
@@ -297,8 +308,14 @@ void KxQtPainterWrapper::drawImage(int a, int b, unsigned char *bits, int, int, 
 {
     if (format <= QImage::Format_Invalid || format >= QImage::NImageFormats)
         return;
+    QImage image(bits, a, b, static_cast<QImage::Format>(format));
+    // Over memory of the caller's, QImage makes no colour table, and Qt's raster engine reads one.
+    if (image.depth() == 1)
+        image.setColorTable({qRgb(0, 0, 0), qRgb(255, 255, 255)});
+    else if (format == QImage::Format_Indexed8)
+        image.setColorTable(shadesOfGrey());
     // Size and position are the same two numbers, as the callers know it.
-    painter->drawImage(a, b, QImage(bits, a, b, static_cast<QImage::Format>(format)));
+    painter->drawImage(a, b, image);
 }
 
 void KxQtPainterWrapper::drawImage(const QRect &rect, const QImage &image)

@@ -230,6 +230,7 @@ private slots:
     void summaryWithoutAPlot();
     void summaryOption();
     void summaryOptionThatFails();
+    void printOption();
 };
 
 void PlotHostTest::initTestCase()
@@ -669,6 +670,23 @@ void PlotHostTest::summaryOptionThatFails()
         QCOMPARE(process.exitCode(), 1);
         QVERIFY(process.readAllStandardError().contains("cannot be"));
         QVERIFY(!QFileInfo::exists(sandbox.path(QStringLiteral("out.txt"))));
+    }
+}
+
+void PlotHostTest::printOption()
+{
+    const Sandbox sandbox;
+    QVERIFY(write(sandbox.path(QStringLiteral("plot.hpgl")), SmallPlot));
+    for (const bool succeeds : {true, false}) {
+        const QString pdf = succeeds ? QStringLiteral("out.pdf") : QStringLiteral("missing/out.pdf");
+        QProcess process;
+        process.start(program(), {QStringLiteral("--print"), pdf, QStringLiteral("plot.hpgl")});
+        QVERIFY2(process.waitForFinished(), qPrintable(process.errorString()));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), succeeds ? 0 : 1);
+        const QByteArray said = succeeds ? sandbox.path(pdf).toUtf8() + "\n" : QByteArray();
+        QCOMPARE(process.readAllStandardOutput(), said);
+        QCOMPARE(contentsOf(sandbox.path(pdf)).startsWith("%PDF"), succeeds);
     }
 }
 

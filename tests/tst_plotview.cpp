@@ -13,7 +13,6 @@
 #include "ResourceText.h"
 #include "StrokeFont.h"
 
-#include <QtGui/QPainter>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QCheckBox>
@@ -851,8 +850,10 @@ void PlotViewTest::paintsAnyPlot()
         QImage image(300, 300, QImage::Format_RGB32);
         image.fill(Qt::magenta);
         const QImage unpainted = image;
-        QPainter painter(&image);
-        PlotSheetPainter(plot, sheet).paint(painter, QRectF(image.rect()));
+        KxQtPainterWrapper painter(&image);
+        QVERIFY(painter.beginDraw());
+        PlotSheetPainter(plot, sheet).paint(painter, image.rect());
+        QVERIFY(painter.endDraw());
         QVERIFY(image != unpainted);
     }
 }

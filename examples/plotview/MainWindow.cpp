@@ -12,8 +12,7 @@
 #include "PlotSettings.h"
 #include "PlotViewApp.h"
 #include "ResourceText.h"
-
-#include <QRmUiPathname.h>
+#include "SaveTarget.h"
 
 #include <QtCore/QFileInfo>
 #include <QtWidgets/QAction>
@@ -21,29 +20,22 @@
 #include <algorithm>
 #include <iterator>
 
-static BOOL MayReplace(LPCTSTR lpszPathName)
-{
-    CFileStatus status;
-    if (!CFile::GetStatus(lpszPathName, status))
-        return TRUE;
-    CString strQuestion;
-    const CString strShown = shortenedPath(lpszPathName);
-    strQuestion.Format(IDS_SUMMARY_REPLACE_FORMAT, static_cast<LPCTSTR>(strShown));
-    return AfxMessageBox(strQuestion, MB_YESNO | MB_ICONQUESTION) == IDYES;
-}
-
 BEGIN_MESSAGE_MAP(CMainWindow, CWnd)
     ON_COMMAND(ID_PLOT_OPEN, &CMainWindow::OnPlotOpen)
     ON_COMMAND(ID_PLOT_PROPERTIES, &CMainWindow::OnPlotProperties)
     ON_COMMAND(ID_PLOT_SUMMARY, &CMainWindow::OnPlotSummary)
     ON_COMMAND(ID_PLOT_SUMMARY_AS, &CMainWindow::OnPlotSummaryAs)
     ON_COMMAND(ID_PLOT_EXPORT, &CMainWindow::OnPlotExport)
+    ON_COMMAND(ID_PLOT_PRINT, &CMainWindow::OnPlotPrint)
     ON_COMMAND(ID_PLOT_QUIT, &CMainWindow::OnPlotQuit)
     ON_COMMAND_RANGE(ID_SAMPLE_FIRST, ID_SAMPLE_LAST, &CMainWindow::OnSample)
     ON_COMMAND_RANGE(ID_RECENT_FIRST, ID_RECENT_LAST, &CMainWindow::OnRecent)
     ON_COMMAND(ID_VIEW_OPTIONS, &CMainWindow::OnViewOptions)
     ON_COMMAND(ID_LAYER_TOGGLE, &CMainWindow::OnLayerToggle)
     ON_COMMAND(ID_LAYER_SHOW_ALL, &CMainWindow::OnLayerShowAll)
+    ON_COMMAND_RANGE(ID_TOOL_FIRST, ID_TOOL_LAST, &CMainWindow::OnTool)
+    ON_COMMAND(ID_FILL_CLEAR, &CMainWindow::OnFillClear)
+    ON_NOTIFY(PCN_MARKSENCLOSED, IDC_CANVAS, &CMainWindow::OnMarksEnclosed)
     ON_NOTIFY(TVN_SELCHANGED, IDC_LAYERS, &CMainWindow::OnLayerSelected)
     ON_NOTIFY(TVN_ITEMCHANGED, IDC_LAYERS, &CMainWindow::OnLayerChecked)
     ON_NOTIFY(LVN_ITEMCHANGED, IDC_MARKS, &CMainWindow::OnMarkSelected)
@@ -62,6 +54,7 @@ CMainWindow::CMainWindow()
     m_ctlMarks.InsertColumns();
     m_pForm->arrangeMarkColumns();
     m_pForm->canvas()->setPens(m_options.pens);
+    m_pForm->canvas()->setTool(PlotCanvas::SelectTool);
     m_pRouter = std::make_unique<MessageMapRouter>(this, GetThisMessageMap());
     m_pRouter->addWindow(m_pForm.get());
     for (const auto &[id, widget] : m_pForm->controls())
@@ -138,10 +131,7 @@ void CMainWindow::OnPlotSummaryAs()
     const QString chosen = m_pForm->askSummaryFile(toQString(m_document.GetSummaryPathName()));
     if (chosen.isEmpty())
         return;
-    CString strPathName = toCString(chosen);
-    CRmUiPathname path;
-    if (path.Parse(strPathName) == 0 && path.ReplaceExtensionIfNoMatch(_T("txt")) == 0)
-        path.GetFullPath(strPathName);
+    const CString strPathName = WithExtension(toCString(chosen), _T("txt"));
     if (MayReplace(strPathName))
         SaveSummary(strPathName);
 }
@@ -206,7 +196,9 @@ BOOL CMainWindow::ReadPlot(LPCTSTR lpszPathName, CString &strReason)
 void CMainWindow::UpdateCommands()
 {
     static constexpr UINT anNeedPlot[] = {ID_PLOT_PROPERTIES, ID_PLOT_SUMMARY, ID_PLOT_SUMMARY_AS,
-                                          ID_PLOT_EXPORT,     ID_LAYER_TOGGLE, ID_LAYER_SHOW_ALL};
+                                          ID_PLOT_EXPORT,     ID_PLOT_PRINT,   ID_LAYER_TOGGLE,
+                                          ID_LAYER_SHOW_ALL,  ID_TOOL_SELECT,  ID_TOOL_FILL,
+                                          ID_FILL_CLEAR};
     for (const auto &[id, action] : m_pForm->commands()) {
         const BOOL bNeedsPlot = std::count(std::begin(anNeedPlot), std::end(anNeedPlot), id) > 0;
         action->setEnabled(!m_bReading && !m_bBlocked && (!bNeedsPlot || m_document.GetPlot()));

@@ -30,6 +30,9 @@ public:
     /// Writes the summary of the plot that is shown. When that fails, the user is told.
     BOOL SaveSummary(LPCTSTR lpszPathName);
 
+    /// Prints it to a PDF file, likewise.
+    BOOL PrintPlot(LPCTSTR lpszPathName);
+
     /// Shows the options dialog with one of its pages, a COptionsDialog::Page, in front.
     void ShowOptions(int nPage);
 
@@ -40,12 +43,15 @@ public:
     afx_msg void OnPlotSummary();
     afx_msg void OnPlotSummaryAs();
     afx_msg void OnPlotExport();
+    afx_msg void OnPlotPrint();
     afx_msg void OnPlotQuit();
     afx_msg void OnSample(UINT nID);
     afx_msg void OnRecent(UINT nID);
     afx_msg void OnViewOptions();
     afx_msg void OnLayerToggle();
     afx_msg void OnLayerShowAll();
+    afx_msg void OnTool(UINT nID);
+    afx_msg void OnFillClear();
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -53,6 +59,7 @@ protected:
     afx_msg void OnEnable(BOOL bEnable);
     afx_msg void OnLayerSelected(NMHDR *pNMHDR, LRESULT *pResult);
     afx_msg void OnLayerChecked(NMHDR *pNMHDR, LRESULT *pResult);
+    afx_msg void OnMarksEnclosed(NMHDR *pNMHDR, LRESULT *pResult);
     afx_msg void OnMarkSelected(NMHDR *pNMHDR, LRESULT *pResult);
     afx_msg LRESULT OnOptionsApplied(WPARAM wParam, LPARAM lParam);
 
@@ -62,6 +69,7 @@ private:
     void ShowPlot();
     void ShowSheet();
     void ShowPenIcons();
+    void FillBucket();
     void ShowMarks();
     void ShowSelection();
     void ShowHiddenLayers();

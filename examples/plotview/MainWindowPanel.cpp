@@ -82,6 +82,7 @@ void CMainWindow::OnLayerShowAll()
 void CMainWindow::OnLayerSelected(NMHDR *, LRESULT *pResult)
 {
     ShowMarks();
+    FillBucket();
     *pResult = 0;
 }
 

@@ -6,6 +6,7 @@
 #include "PlotLength.h"
 
 #include <memory>
+#include <set>
 
 namespace {
 
@@ -82,6 +83,20 @@ PlotMarks CMarkList::GetSelectedMarks() const
             marks.push_back(PlotMark::fromItemData(GetItemData(i)));
     }
     return marks;
+}
+
+std::vector<int> CMarkList::FindRows(const PlotMarks &marks) const
+{
+    std::set<DWORD_PTR> wanted;
+    for (const PlotMark &mark : marks)
+        wanted.insert(mark.itemData());
+    std::vector<int> rows;
+    const int nRows = wanted.empty() ? 0 : GetItemCount();
+    for (int i = 0; i < nRows; ++i) {
+        if (wanted.count(GetItemData(i)) > 0)
+            rows.push_back(i);
+    }
+    return rows;
 }
 
 void CMarkList::SetLengthHeading(const PlotUnits &units)

@@ -7,6 +7,8 @@
 #include "PlotLayer.h"
 #include "PlotOptions.h"
 
+#include <vector>
+
 /// The list of what was drawn, in report view. The item data tell which mark a row is.
 class CMarkList : public CListCtrl
 {
@@ -20,6 +22,8 @@ public:
     int Fill(const Plot &plot, const PlotLayer &layer, const PlotUnits &units, int nMostRows);
 
     PlotMarks GetSelectedMarks() const;
+    /// The rows of those marks that are listed, in their order in the list.
+    std::vector<int> FindRows(const PlotMarks &marks) const;
 
 private:
     void SetLengthHeading(const PlotUnits &units);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "MessageMapRouter.h"
 
+#include "PlotCanvas.h"
 #include "PlotLayer.h"
 #include "PlotLayersView.h"
 
@@ -34,6 +35,8 @@ void MessageMapRouter::addControl(UINT id, QWidget *widget)
         addTree(id, tree);
     else if (auto *table = qobject_cast<QTableWidget *>(widget))
         addTable(id, table);
+    else if (auto *canvas = qobject_cast<PlotCanvas *>(widget))
+        addCanvas(id, canvas);
 }
 
 void MessageMapRouter::addWindow(QWidget *window)
@@ -74,6 +77,14 @@ void MessageMapRouter::addTable(UINT id, QTableWidget *table)
         notification.hdr = {KxHwndFromWidget(table), id, LVN_ITEMCHANGED};
         notification.iItem = table->currentRow();
         notification.uChanged = LVIF_STATE;
+        routeNotification(id, &notification.hdr);
+    });
+}
+
+void MessageMapRouter::addCanvas(UINT id, PlotCanvas *canvas)
+{
+    connect(canvas, &PlotCanvas::marksEnclosed, this, [this, id, canvas](const PlotMarks &marks) {
+        NMPLOTMARKS notification = {{KxHwndFromWidget(canvas), id, PCN_MARKSENCLOSED}, &marks};
         routeNotification(id, &notification.hdr);
     });
 }

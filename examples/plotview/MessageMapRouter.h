@@ -5,6 +5,7 @@
 
 #include <QtCore/QObject>
 
+class PlotCanvas;
 class PlotLayersView;
 class QAction;
 class QTableWidget;
@@ -22,7 +23,7 @@ public:
 
     /// Routes what Windows would send for the control: BN_CLICKED, EN_CHANGE, CBN_SELCHANGE, LBN_SELCHANGE,
     /// WM_HSCROLL; of a layers tree TVN_SELCHANGED and, for its check marks, TVN_ITEMCHANGED; of a table
-    /// LVN_ITEMCHANGED.
+    /// LVN_ITEMCHANGED; of a canvas PCN_MARKSENCLOSED.
     void addControl(UINT id, QWidget *widget);
     /// Routes WM_ENABLE: whether a modal window keeps the user from this one.
     void addWindow(QWidget *window);
@@ -34,6 +35,7 @@ protected:
 
 private:
     void addTree(UINT id, PlotLayersView *tree);
+    void addCanvas(UINT id, PlotCanvas *canvas);
     void addTable(UINT id, QTableWidget *table);
     void route(UINT id, UINT code);
     void routeNotification(UINT id, NMHDR *header);

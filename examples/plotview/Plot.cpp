@@ -40,6 +40,17 @@ private:
 
 } // namespace
 
+QPolygonF PlotLabel::box() const
+{
+    const double angle = qDegreesToRadians(direction);
+    const QPointF along(std::cos(angle), std::sin(angle));
+    const QPointF up(-along.y(), along.x());
+    const double gap = (CellWidth - 1.0) * characterSize.width();
+    const QPointF end = position + along * (CellWidth * characterSize.width() * text.size() - gap);
+    const QPointF rise = up * characterSize.height();
+    return {{position, end, end + rise, position + rise}};
+}
+
 std::map<int, int> Plot::marksByPen() const
 {
     std::map<int, int> marks;
@@ -61,18 +72,7 @@ QRectF Plot::bounds() const
         for (const QPolygonF &outline : area.outlines)
             extent.add(outline);
     }
-    for (const PlotLabel &label : labels) {
-        const double angle = qDegreesToRadians(label.direction);
-        const QPointF along(std::cos(angle), std::sin(angle));
-        const QPointF up(-along.y(), along.x());
-        const double gap = (PlotLabel::CellWidth - 1.0) * label.characterSize.width();
-        const double length = PlotLabel::CellWidth * label.characterSize.width() * label.text.size() - gap;
-        const QPointF end = label.position + along * length;
-        const QPointF rise = up * label.characterSize.height();
-        extent.add(label.position);
-        extent.add(end);
-        extent.add(label.position + rise);
-        extent.add(end + rise);
-    }
+    for (const PlotLabel &label : labels)
+        extent.add(label.box());
     return extent.rect();
 }

@@ -45,6 +45,9 @@ struct PlotLabel
     double slant = 0;           ///< tangent of the letters' lean
     QString text;
 
+    /// Its corners: from the base line's ends to the height of capital letters.
+    QPolygonF box() const;
+
     /// A character takes this many character widths, a line this many character heights.
     static constexpr double CellWidth = 1.5;
     static constexpr double CellHeight = 2.0;

@@ -11,6 +11,7 @@
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 #include <QtWidgets/QAction>
+#include <QtWidgets/QActionGroup>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QHeaderView>
@@ -95,6 +96,45 @@ void drawPens(QPainter &painter)
         painter.setBrush(QColor(0x3b, 0x47, 0x55));
         painter.drawPolygon(QPolygonF({{x - 1.6, 13.2}, {x + 1.6, 13.2}, {x, 17.2}}));
     }
+}
+
+void drawPrinter(QPainter &painter)
+{
+    painter.setPen(inkPen());
+    painter.setBrush(Qt::white);
+    painter.drawRect(QRectF(5.5, 2.5, 9, 6));
+    painter.setBrush(QColor(0xc5, 0xcd, 0xd6));
+    painter.drawRoundedRect(QRectF(2.5, 7.5, 15, 7), 1.5, 1.5);
+    painter.setBrush(Qt::white);
+    painter.drawRect(QRectF(5.5, 11.5, 9, 6));
+}
+
+void drawBand(QPainter &painter)
+{
+    QPen dashed = inkPen();
+    dashed.setDashPattern({2.2, 1.8});
+    dashed.setCapStyle(Qt::FlatCap);
+    painter.setPen(dashed);
+    painter.drawRect(QRectF(2.5, 3.5, 12, 10));
+    painter.setPen(QPen(Qt::white, 1));
+    painter.setBrush(QColor(0x3b, 0x47, 0x55));
+    painter.drawPolygon(QPolygonF({{11, 9}, {18.5, 15}, {15, 15.3}, {13.2, 18.5}}));
+}
+
+void drawBucket(QPainter &painter)
+{
+    painter.setPen(inkPen());
+    painter.setBrush(Qt::white);
+    painter.drawPolygon(QPolygonF({{9, 3.5}, {15.5, 10}, {9, 16.5}, {2.5, 10}}));
+    painter.setBrush(QColor(0xf3, 0xb0, 0x3b));
+    painter.drawPolygon(QPolygonF({{2.5, 10}, {15.5, 10}, {9, 16.5}}));
+    painter.drawLine(QPointF(9, 3.5), QPointF(7, 1.5));
+    QPainterPath drop;
+    drop.moveTo(17.2, 11.5);
+    drop.quadTo(19.6, 15.2, 17.2, 16);
+    drop.quadTo(14.8, 15.2, 17.2, 11.5);
+    painter.setPen(Qt::NoPen);
+    painter.fillPath(drop, QColor(0xe0, 0x8a, 0x00));
 }
 
 /// Numbers stand one below the other.
@@ -216,9 +256,30 @@ QString PlotMainForm::askPlotFile(const QString &folder)
 
 QString PlotMainForm::askSummaryFile(const QString &proposed)
 {
-    return QFileDialog::getSaveFileName(this, resourceText(IDS_SUMMARY_AS_CAPTION), proposed,
-                                        resourceText(IDS_SUMMARY_AS_FILTER), nullptr,
+    return askSaveFile(IDS_SUMMARY_AS_CAPTION, IDS_SUMMARY_AS_FILTER, proposed);
+}
+
+QString PlotMainForm::askPrintFile(const QString &proposed)
+{
+    return askSaveFile(IDS_PRINT_CAPTION, IDS_PRINT_FILTER, proposed);
+}
+
+QString PlotMainForm::askSaveFile(UINT caption, UINT filter, const QString &proposed)
+{
+    return QFileDialog::getSaveFileName(this, resourceText(caption), proposed, resourceText(filter), nullptr,
                                         QFileDialog::DontConfirmOverwrite);
+}
+
+// All of them at once, so that the selection changes once.
+void PlotMainForm::selectMarkRows(const std::vector<int> &rows)
+{
+    const QAbstractItemModel *model = m_marks->model();
+    QItemSelection selection;
+    for (const int row : rows)
+        selection.select(model->index(row, 0), model->index(row, m_marks->columnCount() - 1));
+    m_marks->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    if (!rows.empty())
+        m_marks->scrollTo(model->index(rows.front(), 0));
 }
 
 void PlotMainForm::showRecentPlots(const QStringList &names)
@@ -268,15 +329,37 @@ QAction *PlotMainForm::addCommand(UINT id, UINT text, const QKeySequence &shortc
 
 void PlotMainForm::makeMenus()
 {
+    makeTools();
     makeFileMenu();
+    makeViewMenu();
+    m_commands[ID_PLOT_OPEN]->setIcon(drawnIcon(drawFolder));
+    m_commands[ID_PLOT_PROPERTIES]->setIcon(drawnIcon(drawSheet));
+    m_commands[ID_PLOT_PRINT]->setIcon(drawnIcon(drawPrinter));
+    m_commands[ID_VIEW_OPTIONS]->setIcon(drawnIcon(drawPens));
+}
+
+// One of them is chosen at any time.
+void PlotMainForm::makeTools()
+{
+    auto *tools = new QActionGroup(this);
+    tools->addAction(addCommand(ID_TOOL_SELECT, IDS_TOOL_SELECT, Qt::Key_F2))->setIcon(drawnIcon(drawBand));
+    tools->addAction(addCommand(ID_TOOL_FILL, IDS_TOOL_FILL, Qt::Key_F3))->setIcon(drawnIcon(drawBucket));
+    for (QAction *tool : tools->actions())
+        tool->setCheckable(true);
+    m_commands[ID_TOOL_SELECT]->setChecked(true);
+}
+
+void PlotMainForm::makeViewMenu()
+{
     QMenu *view = menuBar()->addMenu(resourceText(IDS_MENU_VIEW));
+    view->addAction(m_commands[ID_TOOL_SELECT]);
+    view->addAction(m_commands[ID_TOOL_FILL]);
+    view->addAction(addCommand(ID_FILL_CLEAR, IDS_FILL_CLEAR, Qt::CTRL + Qt::Key_Backspace));
+    view->addSeparator();
     view->addAction(addCommand(ID_LAYER_TOGGLE, IDS_LAYER_TOGGLE, Qt::CTRL + Qt::Key_L));
     view->addAction(addCommand(ID_LAYER_SHOW_ALL, IDS_LAYER_SHOW_ALL, Qt::CTRL + Qt::SHIFT + Qt::Key_L));
     view->addSeparator();
     view->addAction(addCommand(ID_VIEW_OPTIONS, IDS_VIEW_OPTIONS, Qt::CTRL + Qt::Key_Comma));
-    m_commands[ID_PLOT_OPEN]->setIcon(drawnIcon(drawFolder));
-    m_commands[ID_PLOT_PROPERTIES]->setIcon(drawnIcon(drawSheet));
-    m_commands[ID_VIEW_OPTIONS]->setIcon(drawnIcon(drawPens));
 }
 
 void PlotMainForm::makeFileMenu()
@@ -293,6 +376,7 @@ void PlotMainForm::makeFileMenu()
     file->addAction(addCommand(ID_PLOT_SUMMARY, IDS_FILE_SUMMARY, Qt::CTRL + Qt::SHIFT + Qt::Key_S));
     file->addAction(addCommand(ID_PLOT_SUMMARY_AS, IDS_FILE_SUMMARY_AS));
     file->addAction(addCommand(ID_PLOT_EXPORT, IDS_FILE_EXPORT, Qt::CTRL + Qt::Key_E));
+    file->addAction(addCommand(ID_PLOT_PRINT, IDS_FILE_PRINT, QKeySequence::Print));
     file->addSeparator();
     for (int i = 0; i < PlotOptions::MostRecentPlots; ++i) {
         auto *action = new QAction(this);
@@ -314,6 +398,10 @@ void PlotMainForm::makeToolBar()
     bar->addAction(m_commands[ID_PLOT_OPEN]);
     bar->addAction(m_commands[ID_PLOT_PROPERTIES]);
     bar->addAction(m_commands[ID_VIEW_OPTIONS]);
+    bar->addAction(m_commands[ID_PLOT_PRINT]);
+    bar->addSeparator();
+    bar->addAction(m_commands[ID_TOOL_SELECT]);
+    bar->addAction(m_commands[ID_TOOL_FILL]);
 }
 
 void PlotMainForm::makeStatusBar()

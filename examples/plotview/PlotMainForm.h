@@ -6,6 +6,7 @@
 #include <QtWidgets/QMainWindow>
 
 #include <map>
+#include <vector>
 
 class PlotCanvas;
 class PlotLayersView;
@@ -35,6 +36,12 @@ public:
     /// Asks for the name of a summary, `proposed` at first; likewise. Nobody asked whether to replace a file.
     QString askSummaryFile(const QString &proposed);
 
+    /// Asks for the file to print to; likewise.
+    QString askPrintFile(const QString &proposed);
+
+    /// Selects rows of the list of marks, and no others.
+    void selectMarkRows(const std::vector<int> &rows);
+
     /// Gives the columns of the list of marks their widths, once they are there.
     void arrangeMarkColumns();
     /// Shows the recent plots in the File menu, as many as there are names.
@@ -46,7 +53,10 @@ private:
     QWidget *makeLayers();
     QWidget *makeMarks();
     void makeMenus();
+    QString askSaveFile(UINT caption, UINT filter, const QString &proposed);
     void makeFileMenu();
+    void makeViewMenu();
+    void makeTools();
     void makeToolBar();
     void makeStatusBar();
     QLabel *addStatus(UINT id);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "PlotSheetPainter.h"
 
+#include "SheetSurface.h"
 #include "StrokeFont.h"
 
 #include <QtCore/QtMath>
-#include <QtGui/QPainter>
 
 #include <algorithm>
 #include <cmath>
@@ -12,7 +12,7 @@
 namespace {
 
 constexpr double TitleHeight = 14;          // millimetres, as are all lengths here
-constexpr double TitleLetterHeight = 4.2;
+constexpr double TitleFontSize = 6;
 constexpr double FittedSide = 297;
 constexpr double MostHatchLines = 2e5;      // of all areas
 constexpr double MostHatchWork = 5e7;       // lines times corners
@@ -24,15 +24,31 @@ constexpr QRgb penColours[PlotSheet::PenCount] = {
 constexpr QRgb blueprintPenColours[PlotSheet::PenCount] = {
     0xfff4f8ff, 0xffffb4a8, 0xffb6f0c4, 0xffa9d1ff, 0xffdcc0ff, 0xffffd59a, 0xff9eeaea, 0xffffb6dc,
 };
+constexpr QRgb selectionColour = 0xffffaa00;
+constexpr QRgb fillColour = 0xffffaa00;     // of no pen
 
-// Drawn and gap in turn, hundredths of a pattern; 0 is a dot.
-const QVector<double> &dashesOf(int lineType)
+// A plotter's line type as a pen style, and what it draws and leaves out in turn, in hundredths of a pattern.
+// 0 is a dot.
+struct LineType
 {
-    static const QVector<double> dashes[] = {
-        {}, {0, 100}, {50, 50}, {70, 30}, {80, 10, 0, 10}, {70, 10, 10, 10}, {50, 10, 10, 10, 10, 10},
-        {70, 10, 0, 10, 0, 10}, {50, 10, 0, 10, 10, 10, 0, 10},
+    int style;
+    QVector<double> shares;
+};
+
+const LineType &lineTypeOf(int number)
+{
+    static const LineType types[] = {
+        {PS_SOLID, {}},
+        {PS_DOT, {0, 100}},
+        {PS_DASH, {50, 50}},
+        {PS_DASH, {70, 30}},
+        {PS_DASHDOT, {80, 10, 0, 10}},
+        {PS_DASHDOT, {70, 10, 10, 10}},
+        {PS_DASHDOTDOT, {50, 10, 10, 10, 10, 10}},
+        {PS_DASHDOTDOT, {70, 10, 0, 10, 0, 10}},
+        {PS_DASHDOTDOT, {50, 10, 0, 10, 10, 10, 0, 10}},
     };
-    return dashes[qBound(0, lineType, 8)];
+    return types[qBound(0, number, 8)];
 }
 
 QSizeF landscapeSize(int size)
@@ -47,12 +63,6 @@ QSizeF landscapeSize(int size)
 double titleHeight(const PlotSheet &sheet)
 {
     return sheet.title.trimmed().isEmpty() ? 0 : TitleHeight;
-}
-
-double pixelsPerUnit(const QPainter &painter)
-{
-    const QTransform transform = painter.deviceTransform();
-    return std::hypot(transform.m11(), transform.m12());
 }
 
 // Where a line at `y` runs inside the outlines: pairs of x.
@@ -92,15 +102,48 @@ QVector<QLineF> hatchLines(const QVector<QPolygonF> &outlines, double spacing, d
     return lines;
 }
 
-QPainterPath textPath(const QString &text, const QTransform &letters)
+// The lines of a text in stroke letters.
+QVector<QPolygonF> textLines(const QString &text, const QTransform &letters)
 {
-    QPainterPath path;
+    QVector<QPolygonF> lines;
     QTransform letter = letters;
+    // Bends become straight pieces that are short in the measure of this transform.
+    const QTransform enlarged = QTransform::fromScale(64, 64);
+    const QTransform back = enlarged.inverted();
     for (const QChar character : text) {
-        path.addPath(letter.map(StrokeFont::glyph(character)));
+        for (const QPolygonF &line : StrokeFont::glyph(character).toSubpathPolygons(letter * enlarged))
+            lines.append(back.map(line));
         letter.translate(PlotLabel::CellWidth, 0);
     }
-    return path;
+    return lines;
+}
+
+CRect toCRect(const QRect &rect)
+{
+    return CRect(rect.left(), rect.top(), rect.left() + rect.width(), rect.top() + rect.height());
+}
+
+// Light enough for the drawing to be read on it.
+QColor thinned(const QColor &ink, const QColor &paper)
+{
+    const auto channel = [](int inked, int bare) { return (inked + 3 * bare) / 4; };
+    return QColor(channel(ink.red(), paper.red()), channel(ink.green(), paper.green()),
+                  channel(ink.blue(), paper.blue()));
+}
+
+// A label's box with some room around the letters.
+QPolygonF widened(const QPolygonF &box)
+{
+    const QPointF up = (box.at(3) - box.at(0)) * 0.25;
+    const QPointF along = up.isNull() ? QPointF() : QPointF(up.y(), -up.x());
+    return {{box.at(0) - up - along, box.at(1) - up + along, box.at(2) + up + along, box.at(3) + up - along}};
+}
+
+QColor blended(const QColor &below, const QColor &above, int alpha)
+{
+    const auto channel = [alpha](int from, int to) { return from + (to - from) * alpha / 255; };
+    return QColor(channel(below.red(), above.red()), channel(below.green(), above.green()),
+                  channel(below.blue(), above.blue()));
 }
 
 } // namespace
@@ -151,69 +194,160 @@ QTransform PlotSheetPainter::plotToSheet() const
     return transform;
 }
 
-void PlotSheetPainter::paint(QPainter &painter, const QRectF &target) const
+// Below the plot, across the sheet.
+QRectF PlotSheetPainter::titleRect() const
 {
-    beginSheet(painter, target);
-    paintPaper(painter);
-    painter.setClipRect(QRectF(QPointF(0, 0), m_sheetSize));
+    const double margin = std::max(m_sheet.margin, 6);
+    const double bottom = m_sheetSize.height() - std::max(m_sheet.margin, 4);
+    return QRectF(margin, bottom - TitleHeight + 3, m_sheetSize.width() - 2 * margin, TitleHeight - 3);
+}
+
+// The plot keeps clear of the title block, and of the paper around it.
+QVector<QRectF> PlotSheetPainter::printedAreas() const
+{
+    const QRectF paper(QPointF(0, 0), m_sheetSize);
+    if (titleHeight(m_sheet) <= 0)
+        return {paper};
+    const QRectF title = titleRect();
+    constexpr double Gap = 1;
+    return {QRectF(paper.topLeft(), QPointF(paper.right(), title.top() - Gap)), title};
+}
+
+QVector<QPolygonF> PlotSheetPainter::toSheet(const QVector<QPolygonF> &outlines) const
+{
+    QVector<QPolygonF> mapped;
+    for (const QPolygonF &outline : outlines)
+        mapped.append(m_toSheet.map(outline));
+    return mapped;
+}
+
+void PlotSheetPainter::paint(KxQtPainterWrapper &painter, const QRect &target) const
+{
+    painter.fillRect(toCRect(target), toColorRef(paperColour()));
+    {
+        SheetSurface sheet(painter, target, m_sheetSize, {QRectF(QPointF(0, 0), m_sheetSize)});
+        paintPaperLines(sheet);
+    }
+    if (!m_filled.isNull())
+        painter.drawImage(target, m_filled);
+    paintDrawing(painter, target);
+}
+
+QImage PlotSheetPainter::picture(const QSize &size) const
+{
+    QImage image(size, QImage::Format_RGB32);
+    KxQtPainterWrapper painter(&image);
+    painter.beginDraw();
+    painter.fillRect(toCRect(image.rect()), toColorRef(paperColour()));
+    paintDrawing(painter, image.rect());
+    painter.endDraw();
+    return image;
+}
+
+QImage PlotSheetPainter::filledWith(const PlotFills &fills, const QSize &size) const
+{
+    if (fills.empty())
+        return QImage();
+    return filledLayer(picture(size), paperColour().rgb(), fills, [this](int pen) {
+        const QColor ink = pen == PlotFill::NoPen ? QColor(fillColour) : penColour(pen);
+        return toColorRef(thinned(ink, paperColour()));
+    });
+}
+
+void PlotSheetPainter::paintDrawing(KxQtPainterWrapper &painter, const QRect &target) const
+{
+    SheetSurface sheet(painter, target, m_sheetSize, printedAreas());
     for (const PlotArea &area : m_plot.areas) {
         if (!isHidden(area.pen, PlotLayer::Areas))
-            paintArea(painter, area);
+            paintArea(sheet, area);
     }
     for (const PlotStroke &stroke : m_plot.strokes) {
         if (!isHidden(stroke.pen, PlotLayer::Strokes))
-            paintStroke(painter, stroke);
+            paintStroke(sheet, stroke);
     }
     for (const PlotLabel &label : m_plot.labels) {
         if (!isHidden(label.pen, PlotLayer::Labels))
-            paintLabel(painter, label);
+            paintLabel(sheet, label);
     }
     if (titleHeight(m_sheet) > 0)
-        paintTitle(painter);
-    painter.restore();
+        paintTitle(sheet);
 }
 
-void PlotSheetPainter::paintSelected(QPainter &painter, const QRectF &target, const PlotMarks &marks,
+void PlotSheetPainter::paintSelected(KxQtPainterWrapper &painter, const QRect &target, const PlotMarks &marks,
                                      bool fade) const
 {
-    beginSheet(painter, target);
-    const QRectF paper(QPointF(0, 0), m_sheetSize);
-    painter.setClipRect(paper);
-    PlotSheetPainter selected(*this);
     if (fade) {
-        QColor veil = paperColour();
-        veil.setAlpha(200);
-        painter.fillRect(paper, veil);
-    } else {
-        PlotSheetPainter border(*this);
-        border.m_border = QColor(255, 170, 0);
-        border.m_extraWidth = 3 / pixelsPerUnit(painter) + 1;
-        border.paintMarks(painter, marks);
+        constexpr int VeilAlpha = 200;
+        painter.save();
+        painter.setPen(PS_NULL, 0, 0);
+        painter.drawAlphaRect(CRect(target.left(), target.top(), target.right(), target.bottom()),
+                              toColorRef(paperColour()), VeilAlpha);
+        painter.restore();
     }
-    selected.m_extraWidth = 1 / pixelsPerUnit(painter);
-    selected.paintMarks(painter, marks);
-    painter.restore();
+    SheetSurface sheet(painter, target, m_sheetSize, printedAreas());
+    const double pixel = 1 / sheet.pixelsPerMillimetre();
+    shadeMarks(sheet, marks);
+    if (!fade) {
+        PlotSheetPainter border(*this);
+        border.m_border = selectionColour;
+        border.m_extraWidth = 3 * pixel + 1;
+        border.paintMarks(sheet, marks);
+    }
+    PlotSheetPainter selected(*this);
+    selected.m_extraWidth = pixel;
+    selected.paintMarks(sheet, marks);
 }
 
-void PlotSheetPainter::beginSheet(QPainter &painter, const QRectF &target) const
-{
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(target.topLeft());
-    painter.scale(target.width() / m_sheetSize.width(), target.height() / m_sheetSize.height());
-}
-
-void PlotSheetPainter::paintMarks(QPainter &painter, const PlotMarks &marks) const
+void PlotSheetPainter::paintMarks(SheetSurface &sheet, const PlotMarks &marks) const
 {
     for (const PlotMark &mark : marks) {
         const auto index = static_cast<std::size_t>(mark.index);
         if (mark.kind == PlotLayer::Areas && index < m_plot.areas.size())
-            paintArea(painter, m_plot.areas[index]);
+            paintArea(sheet, m_plot.areas[index]);
         else if (mark.kind == PlotLayer::Strokes && index < m_plot.strokes.size())
-            paintStroke(painter, m_plot.strokes[index]);
-        else if (mark.kind == PlotLayer::Labels && index < m_plot.labels.size())
-            paintLabel(painter, m_plot.labels[index]);
+            paintStroke(sheet, m_plot.strokes[index]);
+        else if (mark.kind == PlotLayer::Labels && index < m_plot.labels.size() && !m_border.isValid())
+            paintLabel(sheet, m_plot.labels[index]);    // letters would run together in a border
     }
+}
+
+// What lies behind selected texts and areas.
+void PlotSheetPainter::shadeMarks(SheetSurface &sheet, const PlotMarks &marks) const
+{
+    constexpr int Alpha = 70;
+    for (const PlotMark &mark : marks) {
+        const auto index = static_cast<std::size_t>(mark.index);
+        if (mark.kind == PlotLayer::Areas && index < m_plot.areas.size())
+            sheet.shade(toSheet(m_plot.areas[index].outlines), selectionColour, Alpha);
+        else if (mark.kind == PlotLayer::Labels && index < m_plot.labels.size())
+            sheet.shade(toSheet({widened(m_plot.labels[index].box())}), selectionColour, Alpha);
+    }
+}
+
+PlotMarks PlotSheetPainter::marksInside(const QRect &part, const QRect &target) const
+{
+    const double x = m_sheetSize.width() / target.width();
+    const double y = m_sheetSize.height() / target.height();
+    const QTransform toMillimetres(x, 0, 0, y, -target.left() * x, -target.top() * y);
+    const QRectF room = m_toSheet.inverted().mapRect(toMillimetres.mapRect(QRectF(part)));
+    const auto holds = [&room](const QPolygonF &points) {
+        return std::all_of(points.begin(), points.end(),
+                           [&room](const QPointF &point) { return room.contains(point); });
+    };
+    PlotMarks found;
+    const auto take = [&](PlotLayer::Kind kind, std::size_t index, int pen, bool isInside) {
+        if (isInside && !isHidden(pen, kind))
+            found.push_back({kind, static_cast<int>(index)});
+    };
+    for (std::size_t i = 0; i < m_plot.strokes.size(); ++i)
+        take(PlotLayer::Strokes, i, m_plot.strokes[i].pen, holds(m_plot.strokes[i].points));
+    for (std::size_t i = 0; i < m_plot.areas.size(); ++i) {
+        const QVector<QPolygonF> &outlines = m_plot.areas[i].outlines;
+        take(PlotLayer::Areas, i, m_plot.areas[i].pen, std::all_of(outlines.begin(), outlines.end(), holds));
+    }
+    for (std::size_t i = 0; i < m_plot.labels.size(); ++i)
+        take(PlotLayer::Labels, i, m_plot.labels[i].pen, holds(m_plot.labels[i].box()));
+    return found;
 }
 
 QColor PlotSheetPainter::penColour(int pen) const
@@ -232,136 +366,137 @@ QColor PlotSheetPainter::paperColour() const
     return QColor(paperColours[qBound(0, m_sheet.paper, PlotSheet::PaperCount - 1)]);
 }
 
-void PlotSheetPainter::paintPaper(QPainter &painter) const
+void PlotSheetPainter::paintPaperLines(SheetSurface &sheet) const
 {
-    const QRectF paper(QPointF(0, 0), m_sheetSize);
-    painter.fillRect(paper, paperColour());
-    if (m_sheet.paper != PlotSheet::Millimetre && m_sheet.paper != PlotSheet::Blueprint)
-        return;
+    struct Lines
+    {
+        int every;      // millimetres
+        int strength;   // of the ink, to 255
+    };
+    const double pixel = 1 / sheet.pixelsPerMillimetre();
     const bool isBlueprint = m_sheet.paper == PlotSheet::Blueprint;
     const QColor ink = isBlueprint ? QColor(255, 255, 255) : QColor(214, 120, 60);
-    const double pixel = 1 / pixelsPerUnit(painter);
-    const int step = isBlueprint ? 10 : pixel < 0.3 ? 1 : 5;
-    const auto setPen = [&](int millimetre) {
-        QColor colour = ink;
-        colour.setAlpha(isBlueprint ? 22 : millimetre % 10 == 0 ? 80 : millimetre % 5 == 0 ? 45 : 25);
-        painter.setPen(QPen(colour, pixel));
-    };
-    for (int x = step; x < m_sheetSize.width(); x += step) {
-        setPen(x);
-        painter.drawLine(QPointF(x, 0), QPointF(x, m_sheetSize.height()));
-    }
-    for (int y = step; y < m_sheetSize.height(); y += step) {
-        setPen(y);
-        painter.drawLine(QPointF(0, y), QPointF(m_sheetSize.width(), y));
+    QVector<Lines> all;
+    if (isBlueprint)
+        all = {{10, 22}};
+    else if (m_sheet.paper == PlotSheet::Millimetre)
+        all = {{1, 25}, {5, 45}, {10, 80}};     // the strong ones go over the weak ones
+    constexpr double FinestStep = 3;            // pixels
+    for (const Lines &lines : qAsConst(all)) {
+        if (lines.every < FinestStep * pixel)
+            continue;
+        SheetPen pen;
+        pen.colour = blended(paperColour(), ink, lines.strength);
+        pen.width = pixel;
+        sheet.setPen(pen);
+        for (int x = lines.every; x < m_sheetSize.width(); x += lines.every)
+            sheet.drawLine(QLineF(x, 0, x, m_sheetSize.height()));
+        for (int y = lines.every; y < m_sheetSize.height(); y += lines.every)
+            sheet.drawLine(QLineF(0, y, m_sheetSize.width(), y));
     }
 }
 
-void PlotSheetPainter::paintTitle(QPainter &painter) const
+void PlotSheetPainter::paintTitle(SheetSurface &sheet) const
 {
-    const double margin = std::max(m_sheet.margin, 6);
-    const double bottom = m_sheetSize.height() - std::max(m_sheet.margin, 4);
-    const QRectF block(margin, bottom - TitleHeight + 3, m_sheetSize.width() - 2 * margin, TitleHeight - 3);
+    const QRectF block = titleRect();
     const QString title = m_sheet.title.simplified();
-    painter.setPen(pen(painter, m_sheet.titlePen));
-    painter.drawLine(block.topLeft(), block.topRight());
-    if (!StrokeFont::canDraw(title)) {
-        QFont font = painter.font();
-        font.setPointSizeF(TitleLetterHeight);
-        painter.setFont(font);
-        painter.drawText(block, Qt::AlignCenter, title);
-        return;
-    }
-    const double cells = std::max(1.0, PlotLabel::CellWidth * title.size() - (PlotLabel::CellWidth - 1));
-    const double width = std::min(TitleLetterHeight * 0.68, block.width() / cells);
-    const double height = width / 0.68;
-    QTransform letters;
-    letters.translate(block.center().x() - cells * width / 2, block.center().y() + height / 2 + 0.5);
-    letters.scale(width, -height);
-    painter.strokePath(textPath(title, letters), pen(painter, m_sheet.titlePen, height / 9));
+    sheet.setPen(pen(sheet, m_sheet.titlePen));
+    sheet.drawLine(QLineF(block.topLeft(), block.topRight()));
+    sheet.setFont(TitleFontSize, FW_MEDIUM);
+    const double room = block.width() / std::max(sheet.textWidth(title), 1.0);
+    if (room < 1)
+        sheet.setFont(TitleFontSize * room, FW_MEDIUM);
+    constexpr double BelowMiddle = 0.36;    // the base line, for capital letters in the middle
+    const QPointF start(block.center().x() - sheet.textWidth(title) / 2,
+                        block.center().y() + 0.5 + BelowMiddle * TitleFontSize * std::min(room, 1.0));
+    sheet.drawText(start, title);
 }
 
-void PlotSheetPainter::paintArea(QPainter &painter, const PlotArea &area) const
+void PlotSheetPainter::paintArea(SheetSurface &sheet, const PlotArea &area) const
 {
-    QVector<QPolygonF> outlines;
+    const QVector<QPolygonF> outlines = toSheet(area.outlines);
     QRectF box;
     double corners = 0;
-    for (const QPolygonF &outline : area.outlines) {
-        outlines.append(m_toSheet.map(outline));
-        box |= outlines.last().boundingRect();
+    for (const QPolygonF &outline : outlines) {
+        box |= outline.boundingRect();
         corners += outline.size();
     }
     const double spacing = area.spacing * m_millimetresPerUnit;
     const double areas = static_cast<double>(m_plot.areas.size());
     const double lines = areas * std::hypot(box.width(), box.height()) / spacing;
     const bool isTooFine = !(lines <= MostHatchLines && lines * corners <= MostHatchWork);
+    sheet.setPen(pen(sheet, area.pen));
     if (area.fill == PlotArea::Solid || isTooFine) {
-        QPainterPath path;
-        for (const QPolygonF &outline : qAsConst(outlines))
-            path.addPolygon(outline);
-        painter.fillPath(path, m_border.isValid() ? m_border : penColour(area.pen));
+        if (m_border.isValid())
+            sheet.fillWithBorder(outlines, m_border);
+        else
+            sheet.fill(outlines, penColour(area.pen));
         return;
     }
     const double angle = area.angle + (m_sheet.rotate ? 90 : 0);
-    painter.setPen(pen(painter, area.pen));
-    painter.drawLines(hatchLines(outlines, spacing, angle));
+    sheet.drawLines(hatchLines(outlines, spacing, angle));
     if (area.fill == PlotArea::CrossHatch)
-        painter.drawLines(hatchLines(outlines, spacing, angle + 90));
+        sheet.drawLines(hatchLines(outlines, spacing, angle + 90));
 }
 
-void PlotSheetPainter::paintStroke(QPainter &painter, const PlotStroke &stroke) const
+void PlotSheetPainter::paintStroke(SheetSurface &sheet, const PlotStroke &stroke) const
 {
     const QPolygonF points = m_toSheet.map(stroke.points);
-    QPen drawing = pen(painter, stroke.pen, stroke.width);
+    SheetPen drawing = pen(sheet, stroke.pen, stroke.width);
     const bool areDots = points.size() == 1 || stroke.lineType == 0;
     const double pattern = stroke.patternLength * m_millimetresPerUnit;
     constexpr double FinestPattern = 1.5;   // pixels; a finer one is a line to the eye
     const bool isDashed = stroke.lineType != PlotStroke::SolidLine;
-    if (!areDots && isDashed && pattern * pixelsPerUnit(painter) > FinestPattern) {
-        QVector<qreal> dashes;
-        for (const double part : dashesOf(stroke.lineType)) {
-            const bool isGap = dashes.size() % 2 == 1;
-            const double length = part / 100 * pattern / drawing.widthF();
+    if (!areDots && isDashed && pattern * sheet.pixelsPerMillimetre() > FinestPattern) {
+        const LineType &type = lineTypeOf(stroke.lineType);
+        drawing.style = type.style;
+        for (int i = 0; i < type.shares.size(); i += 2) {
             // A dot is as long as the pen is wide, and takes that from the gap behind it.
-            constexpr double Dot = 1;
-            if (isGap && dashes.last() == Dot)
-                dashes.append(std::max(length - Dot, 0.2));
-            else
-                dashes.append(part == 0 ? Dot : length);
+            const double gap = type.shares.at(i + 1) / 100 * pattern;
+            const bool isDot = type.shares.at(i) == 0;
+            drawing.dashes.append(isDot ? drawing.width : type.shares.at(i) / 100 * pattern);
+            drawing.dashes.append(isDot ? std::max(gap - drawing.width, drawing.width / 5) : gap);
         }
-        drawing.setDashPattern(dashes);
-        drawing.setCapStyle(Qt::FlatCap);
     }
-    painter.setPen(drawing);
+    sheet.setPen(drawing);
     if (areDots)
-        painter.drawPoints(points);
+        sheet.drawDots(points);
     else
-        painter.drawPolyline(points);
+        sheet.drawPolyline(points);
 }
 
-void PlotSheetPainter::paintLabel(QPainter &painter, const PlotLabel &label) const
+void PlotSheetPainter::paintLabel(SheetSurface &sheet, const PlotLabel &label) const
 {
     QTransform letters = QTransform::fromTranslate(label.position.x(), label.position.y()) * m_toSheet;
     letters.rotate(label.direction);
-    letters.shear(label.slant, 0);
-    letters.scale(label.characterSize.width(), label.characterSize.height());
     const double height = std::fabs(label.characterSize.height()) * m_millimetresPerUnit;
-    painter.setPen(pen(painter, label.pen, std::min(m_pens.width / 100.0, height / 8)));
+    SheetPen drawing = pen(sheet, label.pen, std::min(m_pens.width / 100.0, height / 8));
+    drawing.width -= m_extraWidth;  // wide letters cannot be read
+    sheet.setPen(drawing);
     constexpr double SmallestReadable = 1.5;    // pixels
-    if (height * pixelsPerUnit(painter) < SmallestReadable) {
-        const double length = PlotLabel::CellWidth * label.text.size();
-        painter.drawLine(letters.map(QLineF(0, 0.5, length, 0.5)));
+    const bool isReadable = height * sheet.pixelsPerMillimetre() >= SmallestReadable;
+    if (isReadable && !StrokeFont::canDraw(label.text)) {
+        constexpr double CapitalHeight = 0.72;  // of a font's size
+        sheet.setFont(height / CapitalHeight, FW_MEDIUM);
+        sheet.drawText(letters.map(QPointF(0, 0)), label.text, -letters.map(QLineF(0, 0, 1, 0)).angle());
         return;
     }
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPath(textPath(label.text, letters));
+    letters.shear(label.slant, 0);
+    letters.scale(label.characterSize.width(), label.characterSize.height());
+    if (!isReadable) {
+        sheet.drawLine(letters.map(QLineF(0, 0.5, PlotLabel::CellWidth * label.text.size(), 0.5)));
+        return;
+    }
+    for (const QPolygonF &line : textLines(label.text, letters))
+        sheet.drawPolyline(line);
 }
 
-QPen PlotSheetPainter::pen(const QPainter &painter, int number, double width) const
+SheetPen PlotSheetPainter::pen(const SheetSurface &sheet, int number, double width) const
 {
     constexpr double ThinnestLine = 0.65;   // pixels
     const double millimetres = width > 0 ? width : m_pens.width / 100.0;
-    const double visible = std::max(millimetres, ThinnestLine / pixelsPerUnit(painter)) + m_extraWidth;
-    const QColor ink = m_border.isValid() ? m_border : penColour(number);
-    return QPen(ink, visible, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    SheetPen pen;
+    pen.colour = m_border.isValid() ? m_border : penColour(number);
+    pen.width = std::max(millimetres, ThinnestLine / sheet.pixelsPerMillimetre()) + m_extraWidth;
+    return pen;
 }

@@ -2,16 +2,21 @@
 #pragma once
 
 #include "Plot.h"
+#include "PlotFills.h"
 #include "PlotLayer.h"
 #include "PlotOptions.h"
 #include "PlotSheet.h"
 
 #include <QtGui/QColor>
+#include <QtGui/QImage>
 #include <QtGui/QTransform>
 
-class QPainter;
+class KxQtPainterWrapper;
+class SheetSurface;
+struct SheetPen;
 
-/// Draws a plot on its sheet of paper.
+/// Draws a plot on its sheet of paper. Painters are given while they draw; `target` is where the sheet goes,
+/// in pixels, and has its proportions.
 class PlotSheetPainter
 {
 public:
@@ -19,39 +24,54 @@ public:
 
     /// What paint() leaves out.
     void setHidden(const PlotHiddenLayers &hidden) { m_hidden = hidden; }
+    /// What lies between paper and drawing, see filledWith(); a null image is nothing.
+    void setFilled(const QImage &layer) { m_filled = layer; }
 
     /// Of the sheet, in millimetres.
     QSizeF sheetSize() const { return m_sheetSize; }
 
-    /// Draws the sheet into `target`, which has its proportions, in the painter's coordinates.
-    void paint(QPainter &painter, const QRectF &target) const;
+    void paint(KxQtPainterWrapper &painter, const QRect &target) const;
 
     /// Draws a few marks once more over what paint() drew, so that they stand out: all else fades, or they
     /// get a bright border.
-    void paintSelected(QPainter &painter, const QRectF &target, const PlotMarks &marks, bool fade) const;
+    void paintSelected(KxQtPainterWrapper &painter, const QRect &target, const PlotMarks &marks,
+                       bool fade) const;
+
+    /// The drawing on paper without its printed lines, which would hold up what is poured on it.
+    QImage picture(const QSize &size) const;
+    /// What fills make of that picture, see filledLayer(); a null image without fills.
+    QImage filledWith(const PlotFills &fills, const QSize &size) const;
+
+    /// The visible marks of which all is inside of a part of the target.
+    PlotMarks marksInside(const QRect &part, const QRect &target) const;
 
     /// What a pen draws with on this paper: the user's choice, the plot's or the paper's, in this order.
     QColor penColour(int pen) const;
     QColor paperColour() const;
 
 private:
-    void beginSheet(QPainter &painter, const QRectF &target) const;
-    void paintMarks(QPainter &painter, const PlotMarks &marks) const;
-    bool isHidden(int pen, PlotLayer::Kind kind) const { return m_hidden.count({pen, kind}) > 0; }
-    void paintPaper(QPainter &painter) const;
-    void paintTitle(QPainter &painter) const;
-    void paintArea(QPainter &painter, const PlotArea &area) const;
-    void paintStroke(QPainter &painter, const PlotStroke &stroke) const;
-    void paintLabel(QPainter &painter, const PlotLabel &label) const;
+    void paintDrawing(KxQtPainterWrapper &painter, const QRect &target) const;
+    void paintPaperLines(SheetSurface &sheet) const;
+    void paintTitle(SheetSurface &sheet) const;
+    void paintMarks(SheetSurface &sheet, const PlotMarks &marks) const;
+    void paintArea(SheetSurface &sheet, const PlotArea &area) const;
+    void paintStroke(SheetSurface &sheet, const PlotStroke &stroke) const;
+    void paintLabel(SheetSurface &sheet, const PlotLabel &label) const;
+    void shadeMarks(SheetSurface &sheet, const PlotMarks &marks) const;
 
+    bool isHidden(int pen, PlotLayer::Kind kind) const { return m_hidden.count({pen, kind}) > 0; }
     QRectF plotRect() const;
+    QRectF titleRect() const;
+    QVector<QRectF> printedAreas() const;
+    QVector<QPolygonF> toSheet(const QVector<QPolygonF> &outlines) const;
     QTransform plotToSheet() const;
-    QPen pen(const QPainter &painter, int number, double width = 0) const;
+    SheetPen pen(const SheetSurface &sheet, int number, double width = 0) const;
 
     const Plot &m_plot;
     PlotSheet m_sheet;
     PlotPens m_pens;
     PlotHiddenLayers m_hidden;
+    QImage m_filled;
     QColor m_border;            // valid while the borders of selected marks are drawn
     double m_extraWidth = 0;    // millimetres, of selected marks
     QRectF m_bounds;

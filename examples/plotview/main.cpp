@@ -57,12 +57,22 @@ bool renderProgress(CMainWindow *window, const QString &path)
     return savePicture(dialog.GetForm(), path);
 }
 
+// Says which file was written; who could not write it has told why.
+bool written(bool isWritten, const QString &path)
+{
+    if (isWritten)
+        std::printf("%s\n", qPrintable(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath())));
+    return isWritten;
+}
+
 bool saveSummary(CMainWindow *window, const QString &path)
 {
-    const bool saved = window->SaveSummary(toCString(path));
-    if (saved)
-        std::printf("%s\n", qPrintable(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath())));
-    return saved;
+    return written(window->SaveSummary(toCString(path)), path);
+}
+
+bool print(CMainWindow *window, const QString &path)
+{
+    return written(window->PrintPlot(toCString(path)), path);
 }
 
 } // namespace
@@ -89,14 +99,17 @@ int main(int argc, char **argv)
     const QCommandLineOption summary(QStringLiteral("summary"),
                                      QStringLiteral("Writes the summary of the plot to a file and ends."),
                                      QStringLiteral("text file"));
-    parser.addOptions({render, renderProperties, renderOptions, renderReading, summary});
+    const QCommandLineOption printing(QStringLiteral("print"),
+                                      QStringLiteral("Prints the plot to a PDF file and ends."),
+                                      QStringLiteral("PDF file"));
+    parser.addOptions({render, renderProperties, renderOptions, renderReading, summary, printing});
     parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("The plot to open."),
                                  QStringLiteral("[file]"));
     parser.process(qtApplication);
 
     const bool endsAtOnce = parser.isSet(render) || parser.isSet(renderProperties)
                             || parser.isSet(renderOptions) || parser.isSet(renderReading)
-                            || parser.isSet(summary);
+                            || parser.isSet(summary) || parser.isSet(printing);
     if (endsAtOnce)
         application.SetUnattended();
     const QStringList files = parser.positionalArguments();
@@ -116,7 +129,8 @@ int main(int argc, char **argv)
                                                [window] { window->ShowOptions(COptionsDialog::PensPage); }))
                            && (!parser.isSet(renderReading)
                                || renderProgress(window, parser.value(renderReading)))
-                           && (!parser.isSet(summary) || saveSummary(window, parser.value(summary)));
+                           && (!parser.isSet(summary) || saveSummary(window, parser.value(summary)))
+                           && (!parser.isSet(printing) || print(window, parser.value(printing)));
         result = saved ? 0 : 1;
     } else {
         result = QApplication::exec();

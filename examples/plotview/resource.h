@@ -155,7 +155,14 @@
 #define IDS_ERROR_EXPORT                341
 #define IDS_SUMMARY_AS_CAPTION          342
 #define IDS_SUMMARY_AS_FILTER           343
-#define IDS_LAST                        343
+#define IDS_FILE_PRINT                  344
+#define IDS_PRINT_CAPTION               345
+#define IDS_PRINT_FILTER                346
+#define IDS_PRINT_SAVED_FORMAT          347
+#define IDS_TOOL_SELECT                 348
+#define IDS_TOOL_FILL                   349
+#define IDS_FILL_CLEAR                  350
+#define IDS_LAST                        350
 
 // Controls of the main window.
 #define IDC_CANVAS                      1000
@@ -220,6 +227,15 @@
 #define ID_SAMPLE_LAST                  32782
 #define ID_RECENT_FIRST                 32790
 #define ID_RECENT_LAST                  32797
+#define ID_PLOT_PRINT                   32800
+#define ID_TOOL_FIRST                   32801
+#define ID_TOOL_SELECT                  32801
+#define ID_TOOL_FILL                    32802
+#define ID_TOOL_LAST                    32802
+#define ID_FILL_CLEAR                   32803
+
+// Notifications.
+#define PCN_MARKSENCLOSED               1
 
 // Messages.
 #define WM_OPTIONS_APPLIED              (WM_APP + 1)

@@ -35,7 +35,8 @@ constexpr unsigned char lgs_Mask2[2] = {0xF0, 0x0F};
 /// \code
 /// const int left = dib.ScanLeft(x, y, 0, old) + 1;
 /// const int right = dib.ScanRight(x, y, dib.GetWidth() - 1, old) - 1;
-/// dib.DrawLineH(left, right, y, 0xFF000000 | dib.RGBtoValue(colour));
+/// if (!dib.DrawLineH(left, right, y, 0xFF000000 | dib.RGBtoValue(colour)))
+///     return; // White, which a line cannot have.
 /// \endcode
 class KX_EXPORT CDibData : public CObject
 {

@@ -29,7 +29,7 @@ public:
 
     /// Makes both images anew, `width` by `height` pixels, all zero, in QImage::Format_ARGB32_Premultiplied; the
     /// earlier ones are deleted. Nothing is done when there is a pair and the destination has this size, whatever
-    /// size the pair has.
+    /// size the pair has: in a resize handler, where the window has its new size already, call destroyImages() first.
     ///
     /// `bytesPerPixel` is the length of a row in memBits() divided by the width: give 4.
     void createImages(int width, int height, int bytesPerPixel);

@@ -40,7 +40,8 @@ public:
     /// Runs the dialog. \return 1 (IDOK) when accepted; 0 when rejected, where MFC gives IDCANCEL
     virtual INT_PTR DoModal();
 
-    /// The whole path of the selected file, the first if there are several; empty without one.
+    /// The whole path of the selected file, the first if there are several; where nothing is selected, QFileDialog
+    /// gives the directory. A dialog to open takes a name that does not exist too.
     CString GetPathName() const;
     KX_INERT("returns an empty text; take the name from GetPathName()")
     CString GetFileName() const;

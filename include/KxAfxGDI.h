@@ -17,6 +17,9 @@
 /// KxQtPainterWrapper *painter = dc.m_hDC->painter();
 /// \endcode
 ///
+/// That of a window draws on the widget, and so only during its paint event; at other times it is memPainter() of the
+/// window's KxGrQtDoubleBufferImage.
+///
 /// A handle of a bitmap or brush is one of the image service of platformServices(). A GDI object does not delete
 /// its handle when it goes; CBitmap::DeleteObject() does when asked to.
 
@@ -143,8 +146,9 @@ public:
     /// Fills a rectangle, right and bottom excluded, with the colour of the brush. Nothing without a device, a
     /// rectangle, or a brush that the image service knows.
     ///
-    /// A window's context fills the widget itself during its paint event; otherwise the memory image of its double
-    /// buffer, or the front image while there is no memory image.
+    /// A context with a double buffer fills the widget itself during its paint event; otherwise the memory image of
+    /// the buffer, or the front image while there is no memory image. While the host draws with the painter that is
+    /// used, the rectangle becomes part of what it draws.
     void FillRect(const tagRECT *lpRect, CBrush *pBrush);
 
     KX_INERT("returns an empty size; use QFontMetrics")

@@ -73,7 +73,8 @@ public:
     /// Goes in front of the first format.
     void BeginEnumFormats();
     /// Puts the next format into `lpFormatEtc->cfFormat`: CF_UNICODETEXT and CF_BITMAP, which are always told and
-    /// never there, then the registered ones, with or without data. \return FALSE behind the last
+    /// never there, then the registered ones, with or without data, and a 0 for each unknown number that
+    /// CacheGlobalData() was called with. \return FALSE behind the last
     BOOL GetNextFormat(tagFORMATETC *lpFormatEtc);
     /// Whether there is a block under a registered format. The record is ignored.
     BOOL IsDataAvailable(CLIPFORMAT cfFormat, tagFORMATETC *lpFormatEtc = nullptr);
@@ -96,8 +97,8 @@ public:
     void CacheGlobalData(UINT cfFormat, HGLOBAL hGlobal);
 };
 
-/// The number of a clipboard format, from 3456 on; the same name, in the same case, gives the same number. Nothing
-/// takes a name back. \return 0 for null
+/// The number of a clipboard format, from 3456 on. The same name gives the same number; unlike on Windows, case
+/// counts. Nothing takes a name back. \return 0 for null
 KX_EXPORT UINT RegisterClipboardFormatW(const wchar_t *lpszFormat);
 
 /// The fixed format at a position of the enumeration: CF_UNICODETEXT at 0, CF_BITMAP at 1, CF_TEXT anywhere else.

@@ -10,7 +10,8 @@
 class KxQtPainterWrapper;
 class QImage;
 
-/// The colour bits of a pixel of 24 or 32 bits, 0x00FFFFFF: the constant that Qt has under this name.
+/// The colour bits of a pixel of 24 or 32 bits, 0x00FFFFFF: the constant that Qt has under this name, also for
+/// source that asks whether the name is defined.
 #define RGB_MASK RGB_MASK
 
 /// The bit of pixel `x & 7` in a byte of a bitmap of 1 bit per pixel.
@@ -50,7 +51,11 @@ public:
     ///
     /// `dc` becomes a KxQtPainterWrapper on it, `bitmap` a handle that the image service knows. Both belong to this
     /// object and hold as long as it lives. A second call forgets the first bitmap without deleting it.
-    /// `reference` is ignored. Memory that cannot be had, and sides that are not positive, make an empty bitmap.
+    /// `reference` is ignored. When memory cannot be had, or a side is not positive, there are no pixels: reading gives
+    /// 0xFFFFFFFF and nothing is drawn, while GetWidth() and GetHeight() tell what was asked for.
+    ///
+    /// To keep the picture use QImage::copy(): while another QImage shares the image behind the handle, what is drawn
+    /// through `dc` or SetPixel() goes to other memory.
     void makeBitmap(HDC &dc, HBITMAP &bitmap, int width, int height, HDC reference);
 
     /// The pixel value of a colour, with an alpha of 0. The colour's top byte is dropped; 0xFFFFFFFF stays.
@@ -58,13 +63,14 @@ public:
     /// The colour of a pixel value, whose top byte is dropped; 0xFFFFFFFF stays.
     COLORREF ValueToRGB(DWORD v) const;
 
-    /// Makes a pixel opaque in that colour; outside of the bitmap nothing, with Qt's warning. \return TRUE
+    /// Makes a pixel opaque in that colour, 0xFFFFFFFF is white here; outside of the bitmap nothing, with Qt's warning.
+    /// \return TRUE
     BOOL SetPixel(int x, int y, COLORREF c);
     /// As SetPixel(); the alpha of the value is replaced by 0xFF.
     BOOL SetPixelValue(int x, int y, DWORD v);
     /// \return the colour; 0xFFFFFFFF outside of the bitmap
     COLORREF GetPixel(int x, int y) const;
-    /// \return the pixel value without the alpha; 0xFFFFFFFF outside of the bitmap
+    /// \return the pixel value without the alpha; 0xFFFFFFFF outside of the bitmap and for a depth that is not served
     DWORD GetPixelValue(int x, int y) const;
 
     /// Walks from `x` to the left and stops at the first pixel that is `v`; `x` and `limit` are looked at too.

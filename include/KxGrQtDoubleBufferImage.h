@@ -23,7 +23,7 @@ public:
     /// Without a destination and without images.
     KxGrQtDoubleBufferImage();
     /// For a window, or another device, that may be null and is not owned; makes a transparent front image of its
-    /// size.
+    /// size. The device has to outlive every call.
     explicit KxGrQtDoubleBufferImage(QPaintDevice *device);
     ~KxGrQtDoubleBufferImage() override;
 
@@ -31,13 +31,15 @@ public:
     /// earlier ones are deleted. Nothing is done when there is a pair and the destination has this size, whatever
     /// size the pair has: in a resize handler, where the window has its new size already, call destroyImages() first.
     ///
-    /// `bytesPerPixel` is the length of a row in memBits() divided by the width: give 4.
+    /// `bytesPerPixel` is the length of a row in memBits() divided by the width: give 4. Sides that are not positive,
+    /// and memory that cannot be had, make null images.
     void createImages(int width, int height, int bytesPerPixel);
     /// Deletes the pair that createImages() made; the front image of the constructor stays.
     void destroyImages();
     /// Draws the memory image over the front image, where it is not transparent; then draws the front image over
     /// the memory image of the linked buffer, or, without one, asks the destination for a repaint when that is a
-    /// QWidget that takes updates. There must be images, in the linked buffer too.
+    /// QWidget that takes updates. Without the two images it does nothing, and without a memory image in the linked
+    /// buffer that is not drawn on.
     void repairFrontBuffer();
     /// Links another buffer, which must outlive the link and is not owned, and takes over its destination. Null ends
     /// the link and leaves the destination.
@@ -51,7 +53,8 @@ public:
     /// Null when there is none.
     QImage *frontImage() const { return m_frontImage; }
     /// The pixels of the memory image, row by row from the top, 0xAARRGGBB with the alpha multiplied in; null before
-    /// createImages().
+    /// createImages(). To keep the picture use QImage::copy(): while another QImage shares memImage(), drawing goes to
+    /// other memory.
     unsigned char *memBits() const { return m_memBits; }
     KX_INERT("returns null; there are no backup pixels")
     unsigned char *backupBits() const;

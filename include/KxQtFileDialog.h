@@ -41,13 +41,14 @@ public:
 /// Of the record, DoModal() reads five fields, of which null stands for an empty text:
 ///
 /// - `lpstrTitle`: the title;
-/// - `lpstrInitialDir`: the directory, with `/` or `\`; when its last part has a dot, that part is a file's name
-///   and is dropped;
+/// - `lpstrInitialDir`: the directory, with `/` or `\`; when the part behind the last of them has a dot, it is a
+///   file's name and is dropped. Empty is the root of the file system: give one;
 /// - `lpstrFilter`: filters as Qt writes them, `Drawing (*.dwg);;All (*.*)`, not Win32's pairs with zeros between
 ///   them. A dialog to open shows the part in the first parentheses only, `*.dwg`;
 /// - `lpstrFile`: the name that is selected at first. Nothing is written there;
 /// - `nFilterIndex`: which filter is active, from 1; for 0 and beyond the last it is the first. It gets the number
-///   of the filter that was active in the end.
+///   of the filter that was active in the end, 0 when the dialog shows it otherwise than it was written (Qt takes
+///   needless blanks out).
 ///
 /// \code
 /// KxQtFileDialog dialog(TRUE, nullptr, nullptr, 0, nullptr, nullptr, 0, FALSE);
@@ -62,7 +63,7 @@ class KX_EXPORT KxQtFileDialog
 {
 public:
     /// `bOpenFileDialog`: whether to open one or more existing files or to save one. `pParentWnd` is not a window
-    /// object but the address of a QWidget, or null. The other arguments change nothing; the record says it all.
+    /// object but the address of a QWidget that outlives every DoModal(), or null. The other arguments change nothing; the record says it all.
     explicit KxQtFileDialog(BOOL bOpenFileDialog, const wchar_t *lpszDefExt = nullptr,
                             const wchar_t *lpszFileName = nullptr,
                             DWORD dwFlags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
@@ -72,12 +73,13 @@ public:
     KxQtFileDialog(const KxQtFileDialog &) = delete;
     KxQtFileDialog &operator=(const KxQtFileDialog &) = delete;
 
-    /// Empties the texts that the record points at and its filter index. Leaves the other fields.
+    /// Lets the record point at an empty text (filter, directory, title, extension, template) or at none (file, file
+    /// title, custom filter), and makes its filter index 0. The other fields stay.
     void initOpenFileName();
     /// The record, to be filled before DoModal(). Belongs to this object.
     OPENFILENAMEW *GetOFN() { return &m_ofn; }
 
-    /// Runs the dialog. \return 1 (IDOK) when files were chosen, otherwise 2 (IDCANCEL)
+    /// Runs the dialog, which is modal for the application. \return 1 (IDOK) when files were chosen, otherwise 2 (IDCANCEL)
     INT_PTR DoModal();
 
     /// Where GetNextPathName() starts; null when nothing was chosen.

@@ -40,8 +40,8 @@ KX_EXPORT Qt::PenStyle LsToQPenStyle(int style);
 ///
 /// What is drawn stands between beginDraw() and endDraw(), which open and close the device. Pen, brush, font,
 /// background and composition mode hold until endDraw(); the clip region and whether a path is being collected
-/// hold until they are changed. A drawing call outside of the two goes to the inactive QPainter, which ignores it
-/// with a warning.
+/// hold until they are changed. A call outside of the two goes to the inactive QPainter, which ignores it, most with a
+/// warning.
 ///
 /// \code
 /// KxQtPainterWrapper painter(&image);
@@ -93,7 +93,7 @@ public:
     /// The composition mode, as a number of QPainter::CompositionMode. GetROP2 in GDI gives an R2_ code.
     int getROP2() const;
     /// Takes a number of QPainter::CompositionMode, unlike SetROP2 in GDI: 26 is
-    /// QPainter::RasterOp_SourceXorDestination.
+    /// QPainter::RasterOp_SourceXorDestination. A number that is none changes nothing.
     void setROP2(int mode);
 
     /// A pen of a GDI style (PS_*, see LsToQPenStyle(); all but the low four bits are dropped), a width in pixels
@@ -114,7 +114,8 @@ public:
     /// The font of a record, of which face, weight, height, pitch and italics count. The device must not be null.
     ///
     /// - lfHeight is not in pixels: the font's pixel size is the height times the bits per pixel of the device,
-    ///   divided by 36, without the fraction. Where it is 0 or negative, lfWeight stands for it.
+    ///   divided by 36, without the fraction. Where it is 0 or negative, lfWeight stands for it; where that is too,
+    ///   the font keeps Qt's size, with Qt's warning.
     /// - lfWeight divided by 10 is Qt's weight, 400 gives 40; 0 leaves Qt's own.
     /// - The pitch is fixed when lfPitchAndFamily is FIXED_PITCH exactly.
     void setFontIndirect(const tagLOGFONTW *font);
@@ -122,7 +123,7 @@ public:
     ///
     /// `points` holds the corners of all polygons one after another, `counts` how many belong to each. Where
     /// polygons overlap, an even number of them leaves a hole. Without points, or with a `polygonCount` of 0,
-    /// drawing is unrestricted again.
+    /// drawing is unrestricted again; so it is when the polygons enclose no pixel, where GDI draws nothing.
     void setClipRegion(tagPOINT *points, unsigned int *counts, unsigned int polygonCount);
     /// Moves the origin to (x, y), then turns clockwise by `angle` degrees. The origin stays there.
     void Rotate(double angle, int x, int y);
@@ -145,8 +146,9 @@ public:
     /// TextOut in GDI puts the top there.
     void drawText(int x, int y, const wchar_t *text, int length);
     /// A rectangle with the pen, filled with `colour` at `alpha`, 1 to 255; an `alpha` below 1 draws the outline
-    /// alone. Right and bottom are inside it: it is one pixel wider and higher than fillRect() makes it. The
-    /// corners of a rectangle whose left edge is not left of its right edge are swapped. The brush stays set.
+    /// alone. Right and bottom are inside it: without a pen it is one pixel wider and higher than fillRect() makes it,
+    /// and QPainter::drawRect()'s outline adds another. The corners of a rectangle whose left edge is not left of its
+    /// right edge are swapped. The brush stays set.
     void drawAlphaRect(const CRect &rect, unsigned int colour, int alpha);
     /// drawPolygon() with the brush of drawAlphaRect().
     void drawAlphaArea(const CPoint *points, int n, unsigned int colour, int alpha);
@@ -176,7 +178,8 @@ private:
 };
 
 /// A painter wrapper for a device that has to see one QPainter::begin() and one end(), such as a printer: it is
-/// open from construction to destruction. Must be deleted through its own type, and before the device.
+/// open from construction to destruction. It must be used and deleted through its own type, and before the device
+/// goes; setWrappedDevice() does not open another device.
 class KX_EXPORT KxQtPrinterPainter : public KxQtPainterWrapper
 {
 public:

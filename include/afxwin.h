@@ -7,6 +7,7 @@
 #include "KxAfxApp.h"
 #include "KxAfxDDX.h"
 #include "KxAfxGDI.h"
+#include "KxAfxOle.h"
 #include "KxAfxWin.h"
 #include "KxAfxWinButton.h"
 #include "KxAfxWinComboBox.h"

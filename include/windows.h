@@ -5,6 +5,7 @@
 /// Win32's calls, types and constants.
 
 #include "KxAfxGlobal.h"
+#include "KxAfxOle.h"
 #include "KxPlatformBase.h"
 #include "KxQtMessageCenter.h"
 #include "KxQtWinapiWrapper.h"

@@ -41,7 +41,8 @@ CFileDialog::CFileDialog(BOOL bOpenFileDialog, const wchar_t *lpszDefExt, const 
                          const wchar_t *lpszFilter, CWnd *pParentWnd, DWORD, BOOL)
     : m_impl(new CFileDialogImpl(m_impl))
 {
-    m_impl->setParent(boundWidget(pParentWnd), m_impl->windowFlags());
+    const HWND parent = isSmallHandle(pParentWnd) ? nullptr : pParentWnd->GetSafeHwnd();
+    m_impl->setParent(KxWidgetFromHwnd(parent), m_impl->windowFlags());
     m_impl->setAcceptMode(bOpenFileDialog ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     m_impl->setDefaultSuffix(toQString(lpszDefExt).right(3));
     m_impl->setNameFilters(descriptionsOf(toQString(lpszFilter)));

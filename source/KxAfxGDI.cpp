@@ -7,6 +7,7 @@
 #include "KxPlatformBase.h"
 #include "KxPlatformServices.h"
 
+#include <QtGui/QPainter>
 #include <QtWidgets/QWidget>
 
 #include <utility>
@@ -158,10 +159,13 @@ void CDC::FillRect(const tagRECT *lpRect, CBrush *pBrush)
     if (colour == CLR_INVALID)
         return;
     KxQtPainterWrapper *painter = painterFor(m_hDC);
-    if (painter->beginDraw()) {
-        painter->fillRect(CRect(lpRect), colour);
+    // The host may be drawing with it.
+    const bool isOpen = painter->wrappedPainter()->isActive();
+    if (!isOpen && !painter->beginDraw())
+        return;
+    painter->fillRect(CRect(lpRect), colour);
+    if (!isOpen)
         painter->endDraw();
-    }
 }
 
 CSize CDC::GetTextExtent(const CString &) const { return CSize(0, 0); }

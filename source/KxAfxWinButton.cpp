@@ -40,7 +40,7 @@ HBITMAP CButton::SetBitmap(HBITMAP hBitmap)
 {
     auto *button = boundWidget<QAbstractButton>(this);
     if (const QImage *image = button ? imageOf(hBitmap) : nullptr)
-        button->setIcon(QIcon(QPixmap::fromImage(*image)));
+        button->setIcon(QIcon(QPixmap::fromImage(image->copy())));
     return nullptr;
 }
 
@@ -73,7 +73,7 @@ HBITMAP CStatic::SetBitmap(HBITMAP hBitmap)
 {
     auto *label = boundWidget<QLabel>(this);
     if (const QImage *image = label ? imageOf(hBitmap) : nullptr)
-        label->setPixmap(QPixmap::fromImage(*image));
+        label->setPixmap(QPixmap::fromImage(image->copy()));
     return nullptr;
 }
 

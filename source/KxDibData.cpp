@@ -54,9 +54,10 @@ void CDibData::makeBitmap(HDC &dc, HBITMAP &bitmap, int width, int height, HDC)
     const std::size_t rowBytes = hasPixels ? 4 * static_cast<std::size_t>(width) : 0;
     const std::size_t rows = hasPixels ? static_cast<std::size_t>(height) : 0;
     m_pBits = static_cast<unsigned char *>(std::malloc(rowBytes * rows));
-    const bool isMade = hasPixels && m_pBits;
-    m_pImage = isMade ? new QImage(m_pBits, width, height, 4 * width, QImage::Format_ARGB32_Premultiplied)
-                      : new QImage;
+    m_pImage = hasPixels && m_pBits
+                   ? new QImage(m_pBits, width, height, 4 * width, QImage::Format_ARGB32_Premultiplied)
+                   : new QImage;
+    const bool isMade = !m_pImage->isNull();
     m_pDC = new KxQtPainterWrapper(m_pImage);
     dc = m_pDC;
     bitmap = platformServices()->imageService()->adopt(m_pImage);

@@ -28,7 +28,16 @@ constexpr std::size_t BlockBytes = 16;
 #endif
 
 /// How far in front of a walk to the left its bytes are asked for; processors foresee the one to the right.
-constexpr std::size_t Ahead = 2048;
+constexpr std::uintptr_t Ahead = 2048;
+
+/// The memory there need not be the row's: nothing is read.
+inline void askFor(const unsigned char *bytes)
+{
+    constexpr std::uintptr_t CacheLine = 64;
+    const std::uintptr_t address = reinterpret_cast<std::uintptr_t>(bytes) - Ahead;
+    __builtin_prefetch(reinterpret_cast<const void *>(address));
+    __builtin_prefetch(reinterpret_cast<const void *>(address - CacheLine));
+}
 
 /// As many words as the processor compares at once.
 template<class Word>
@@ -166,8 +175,7 @@ std::size_t runLeftOf(const unsigned char *row, std::size_t count, std::uint32_t
     std::size_t left = count;
     for (; left >= 4 * B::Length; left -= 4 * B::Length) {
         const unsigned char *bytes = row + left * sizeof(Word);
-        __builtin_prefetch(bytes - Ahead);
-        __builtin_prefetch(bytes - Ahead - 64);
+        askFor(bytes);
         typename B::Words blocks[4];
         B::load(blocks[0], bytes - BlockBytes, values);
         B::load(blocks[1], bytes - 2 * BlockBytes, values);

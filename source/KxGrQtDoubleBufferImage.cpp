@@ -92,9 +92,11 @@ void KxGrQtDoubleBufferImage::repairFrontBuffer()
     if (!m_memImage || !m_frontImage)
         return;
     QPainter(m_frontImage).drawImage(0, 0, *m_memImage);
-    if (m_frontBuffer)
+    if (m_frontBuffer && m_frontBuffer->m_memImage)
         QPainter(m_frontBuffer->m_memImage).drawImage(0, 0, *m_frontImage);
-    else if (auto *window = dynamic_cast<QWidget *>(destination); window && window->updatesEnabled())
+    if (m_frontBuffer)
+        return;
+    if (auto *window = dynamic_cast<QWidget *>(destination); window && window->updatesEnabled())
         window->update();
 }
 

@@ -63,7 +63,7 @@ void setButtonImage(QAbstractButton *button, LPARAM bitmap)
 {
     const QImage *image = platformServices()->imageService()->image(reinterpret_cast<HGDIOBJ>(bitmap));
     if (image)
-        button->setIcon(QIcon(QPixmap::fromImage(*image)));
+        button->setIcon(QIcon(QPixmap::fromImage(image->copy())));
 }
 
 } // namespace

@@ -153,7 +153,9 @@ int KxQtPainterWrapper::getROP2() const
 
 void KxQtPainterWrapper::setROP2(int mode)
 {
-    painter->setCompositionMode(static_cast<QPainter::CompositionMode>(mode));
+    // Qt looks up what it draws with in a table.
+    if (mode >= QPainter::CompositionMode_SourceOver && mode <= QPainter::RasterOp_NotDestination)
+        painter->setCompositionMode(static_cast<QPainter::CompositionMode>(mode));
 }
 
 void KxQtPainterWrapper::setPen(int style, int width, COLORREF colour)

@@ -502,6 +502,28 @@ void DibDataTest::handles_data()
         QCOMPARE(iconPicture(widget).pixel(2, 1), 0xFF010203u);
         QCOMPARE(iconPicture(widget).pixel(3, 1), 0xFF000000u);
     });
+    promises("a button keeps a picture that is transparent in places when the object goes", [] {
+        QPushButton widget;
+        CButton button;
+        button.Attach(KxHwndFromWidget(&widget));
+        {
+            KxMadeDib dib(6, 4);
+            dib.DrawLineH(2, 2, 1, 0);
+            dib.SetPixel(4, 2, RGB(7, 8, 9));
+            button.SetBitmap(dib.bitmap);
+        }
+        QCOMPARE(iconPicture(widget).pixel(4, 2), 0xFF070809u);
+    });
+    promises("a bitmap made of the picture keeps it when the object goes", [] {
+        HBITMAP copy = nullptr;
+        {
+            KxMadeDib dib(6, 4);
+            dib.SetPixel(2, 1, RGB(1, 2, 3));
+            copy = images()->createBitmapFromImage(*images()->image(dib.bitmap));
+        }
+        QCOMPARE(images()->image(copy)->pixel(2, 1), 0xFF010203u);
+        images()->deleteHandle(copy);
+    });
 }
 
 void DibDataTest::conversions_data()

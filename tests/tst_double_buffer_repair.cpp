@@ -257,6 +257,17 @@ void DoubleBufferRepairTest::linked_data()
         buffer.setFrontBuffer(&other);
         QVERIFY(!buffer.destinationDevice());
     });
+    QTest::newRow("the other has no memory image: nobody is drawn on, nobody repaints") << Promise([] {
+        Canvas window;
+        Buffer other(&window);
+        Buffer buffer(&window);
+        buffer.createImages(8, 8, 4);
+        buffer.setFrontBuffer(&other);
+        const QImage before = *other.frontImage();
+        buffer.repairFrontBuffer();
+        QCOMPARE(*other.frontImage(), before);
+        QVERIFY(!other.memImage());
+    });
     QTest::newRow("null ends the link and leaves the destination") << Promise([] {
         Canvas window;
         Buffer other(&window);

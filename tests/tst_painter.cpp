@@ -47,6 +47,8 @@ private slots:
     void brushes();
 
     void backgroundMode();
+    void compositionThatIsNone_data();
+    void compositionThatIsNone();
     void composition_data();
     void composition();
     void rotation();
@@ -685,6 +687,29 @@ void tst_Painter::composition_data()
     QTest::addColumn<int>("mode");
     for (int mode = 0; mode <= int(QPainter::RasterOp_NotDestination); ++mode)
         QTest::newRow(qPrintable(QStringLiteral("mode %1").arg(mode))) << mode;
+}
+
+void tst_Painter::compositionThatIsNone_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::newRow("-1") << -1;
+    QTest::newRow("one behind the last") << int(QPainter::RasterOp_NotDestination) + 1;
+    QTest::newRow("100") << 100;
+}
+
+/// Qt draws with whatever stands there in its table.
+void tst_Painter::compositionThatIsNone()
+{
+    QFETCH(int, mode);
+    const auto draw = [](int last) {
+        return kxDrawn([last](KxQtPainterWrapper &p) {
+            p.setROP2(26);
+            p.setROP2(last);
+            QCOMPARE(p.getROP2(), 26);
+            p.fillRect(CRect(3, 4, 20, 30), RGB(0x81, 0x42, 0x24));
+        });
+    };
+    QCOMPARE(draw(mode), draw(26));
 }
 
 void tst_Painter::composition()

@@ -129,6 +129,21 @@ void WindowContextTest::fillWindow_data()
         context.dc->FillRect(&everything, &brush);
         QCOMPARE(*context.buffer->memImage(), filled(plain(20, 10, 0), {2, 2, 6, 5}, red));
     });
+    QTest::newRow("outside, while the memory painter draws: part of what it draws") << Promise([] {
+        WindowContext context;
+        context.buffer->createImages(20, 10, 4);
+        OwnedBrush brush(RGB(255, 0, 0));
+        const tagRECT rect = {3, 2, 9, 7};
+        KxQtPainterWrapper &painter = *context.buffer->memPainter();
+        QVERIFY(painter.beginDraw());
+        painter.Rotate(0, 1, 1);
+        context.dc->FillRect(&rect, &brush);
+        QVERIFY(painter.wrappedPainter()->isActive());
+        painter.fillRect(CRect(10, 2, 12, 3), RGB(255, 0, 0));
+        QVERIFY(painter.endDraw());
+        const QImage expected = filled(plain(20, 10, 0), {4, 3, 10, 8}, red);
+        QCOMPARE(*context.buffer->memImage(), filled(expected, {11, 3, 13, 4}, red));
+    });
     QTest::newRow("in another window's paint event: the memory image") << Promise([] {
         WindowContext context;
         context.buffer->createImages(20, 10, 4);

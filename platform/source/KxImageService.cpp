@@ -49,7 +49,7 @@ HBITMAP KxImageService::createBitmapFromImage(const QImage &source)
 {
     const HBITMAP handle = createBitmap(source.width(), source.height());
     if (auto *target = image(handle))
-        *target = source.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        *target = source.convertToFormat(QImage::Format_ARGB32_Premultiplied).copy(); // of memory that may die
     return handle;
 }
 

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#undef __AVX2__
+#include "KxDibWalkRows.h"
+
+/// What processors without AVX2 run.
+class tst_DibWalks : public KxTestCase
+{
+    Q_OBJECT
+
+private slots:
+    void bytes() { kxCompareWalks<std::uint8_t>(walks[0]); }
+    void words() { kxCompareWalks<std::uint16_t>(walks[1]); }
+    void pixels() { kxCompareWalks<std::uint32_t>(walks[2]); }
+};
+
+QTEST_APPLESS_MAIN(tst_DibWalks)
+#include "tst_dib_walks.moc"

@@ -21,14 +21,14 @@ Word load(const unsigned char *bytes)
 
 // ---- pixels of whole words -----------------------------------------------------------------------------
 
-const KxDibWalks &walksOfThisProcessor()
+const KxDibKernel &kernelOfThisProcessor()
 {
 #if defined(__x86_64__)
     static const bool hasAvx2 = __builtin_cpu_supports("avx2");
     if (hasAvx2)
-        return KxDibWalksOfAvx2;
+        return KxDibKernelOfAvx2;
 #endif
-    return KxDibWalksOfAnyProcessor;
+    return KxDibKernelOfAnyProcessor;
 }
 
 template<class Word>
@@ -46,7 +46,7 @@ int wordsRight(const unsigned char *row, int x, int count, std::uint32_t value)
 {
     if (isBeyond<Word>(value))
         return stop == StopAt::Equal ? count : 0;
-    const KxDibWalk &walk = walksOfThisProcessor()[walkIndex<Word>];
+    const KxDibWalk &walk = kernelOfThisProcessor().walks[walkIndex<Word>];
     const auto run = stop == StopAt::Equal ? walk.rightToEqual : walk.rightToDifferent;
     const unsigned char *first = row + static_cast<std::size_t>(x) * sizeof(Word);
     return static_cast<int>(run(first, static_cast<std::size_t>(count), value));
@@ -57,7 +57,7 @@ int wordsLeft(const unsigned char *row, int x, int count, std::uint32_t value)
 {
     if (isBeyond<Word>(value))
         return stop == StopAt::Equal ? count : 0;
-    const KxDibWalk &walk = walksOfThisProcessor()[walkIndex<Word>];
+    const KxDibWalk &walk = kernelOfThisProcessor().walks[walkIndex<Word>];
     const auto run = stop == StopAt::Equal ? walk.leftToEqual : walk.leftToDifferent;
     const unsigned char *first = row + static_cast<std::size_t>(x - count + 1) * sizeof(Word);
     return static_cast<int>(run(first, static_cast<std::size_t>(count), value));
@@ -251,17 +251,11 @@ std::uint32_t pixel(const unsigned char *row, int depth, int x)
 void fill32(unsigned char *target, std::size_t count, std::uint32_t word)
 {
     static_assert(sizeof(wchar_t) == sizeof word);
-    constexpr std::size_t Few = 32; // A call costs as much.
-    if (count > Few && reinterpret_cast<std::uintptr_t>(target) % alignof(wchar_t) == 0) {
+    constexpr std::size_t Many = 512; // From here on the C library is faster, at addresses that it may be given.
+    if (count >= Many && reinterpret_cast<std::uintptr_t>(target) % alignof(wchar_t) == 0)
         std::wmemset(static_cast<wchar_t *>(static_cast<void *>(target)), static_cast<wchar_t>(word), count);
-        return;
-    }
-    const std::uint64_t pair = word * 0x0000000100000001u;
-    std::size_t i = 0;
-    for (; i + 2 <= count; i += 2)
-        std::memcpy(target + 4 * i, &pair, sizeof pair);
-    if (i < count)
-        std::memcpy(target + 4 * i, &word, sizeof word);
+    else
+        kernelOfThisProcessor().fill32(target, count, word);
 }
 
 bool fill(unsigned char *row, int depth, int first, int last, std::uint32_t value)

@@ -1,4 +1,4 @@
 // SPDX-License-Identifier: MIT
 #include "KxDibWalkKernel_p.h"
 
-const KxDibWalks KxDibWalksOfAnyProcessor = walks;
+const KxDibKernel KxDibKernelOfAnyProcessor = kernel;

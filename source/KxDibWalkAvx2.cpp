@@ -4,6 +4,6 @@
 
 #  include "KxDibWalkKernel_p.h"
 
-const KxDibWalks KxDibWalksOfAvx2 = walks;
+const KxDibKernel KxDibKernelOfAvx2 = kernel;
 
 #endif

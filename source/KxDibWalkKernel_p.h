@@ -213,4 +213,21 @@ constexpr KxDibWalk walkOf = {runRightOf<Word, StopAt::Equal>, runRightOf<Word, 
 
 constexpr KxDibWalks walks = {walkOf<std::uint8_t>, walkOf<std::uint16_t>, walkOf<std::uint32_t>};
 
+inline void fillWith(unsigned char *target, std::size_t count, std::uint32_t word)
+{
+    using B = Block<std::uint32_t>;
+    if (count < B::Length) {
+        for (std::size_t i = 0; i < count; ++i)
+            std::memcpy(target + i * sizeof word, &word, sizeof word);
+        return;
+    }
+    const B::Words words = word - B::Words{};
+    const std::size_t lastBlock = count - B::Length;
+    for (std::size_t i = 0; i < lastBlock; i += B::Length)
+        std::memcpy(target + i * sizeof word, &words, BlockBytes);
+    std::memcpy(target + lastBlock * sizeof word, &words, BlockBytes);
+}
+
+constexpr KxDibKernel kernel = {walks, fillWith};
+
 } // namespace

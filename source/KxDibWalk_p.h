@@ -19,7 +19,15 @@ struct KxDibWalk
 /// For words of 1, 2 and 4 bytes; of the latter the high byte is not looked at.
 using KxDibWalks = std::array<KxDibWalk, 3>;
 
-extern const KxDibWalks KxDibWalksOfAnyProcessor;
+/// What is made for one kind of processor.
+struct KxDibKernel
+{
+    KxDibWalks walks;
+    /// Writes words, at any address.
+    void (*fill32)(unsigned char *target, std::size_t count, std::uint32_t word);
+};
+
+extern const KxDibKernel KxDibKernelOfAnyProcessor;
 #if defined(__x86_64__)
-extern const KxDibWalks KxDibWalksOfAvx2;
+extern const KxDibKernel KxDibKernelOfAvx2;
 #endif

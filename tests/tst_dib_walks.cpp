@@ -11,6 +11,7 @@ private slots:
     void bytes() { kxCompareWalks<std::uint8_t>(walks[0]); }
     void words() { kxCompareWalks<std::uint16_t>(walks[1]); }
     void pixels() { kxCompareWalks<std::uint32_t>(walks[2]); }
+    void fills() { kxCompareFills(kernel.fill32); }
 };
 
 QTEST_APPLESS_MAIN(tst_DibWalks)

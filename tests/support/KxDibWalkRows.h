@@ -55,3 +55,19 @@ void kxCompareWalks(const KxDibWalk &walk)
         }
     }
 }
+
+/// Fills of every length up to 70 pixels at every address within a block, and nothing beside them.
+inline void kxCompareFills(void (*fill)(unsigned char *, std::size_t, std::uint32_t))
+{
+    constexpr std::uint32_t word = 0x80112233;
+    for (std::size_t count = 0; count <= 70; ++count) {
+        for (std::size_t offset = 0; offset < 33; ++offset) {
+            std::vector<unsigned char> bytes(offset + 4 * count + 33, 0xAA);
+            std::vector<unsigned char> expected = bytes;
+            for (std::size_t i = 0; i < count; ++i)
+                std::memcpy(expected.data() + offset + 4 * i, &word, sizeof word);
+            fill(bytes.data() + offset, count, word);
+            QCOMPARE(bytes, expected);
+        }
+    }
+}

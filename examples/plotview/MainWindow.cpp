@@ -6,15 +6,14 @@
 #include "MessageMapRouter.h"
 #include "PlotCanvas.h"
 #include "PlotMainForm.h"
-#include "PlotProgressDialog.h"
 #include "PlotPropertiesDialog.h"
 #include "PlotPropertiesForm.h"
 #include "PlotSettings.h"
 #include "PlotViewApp.h"
 #include "ResourceText.h"
+#include "SaveDialog.h"
 #include "SaveTarget.h"
 
-#include <QtCore/QFileInfo>
 #include <QtWidgets/QAction>
 
 #include <algorithm>
@@ -22,6 +21,7 @@
 
 BEGIN_MESSAGE_MAP(CMainWindow, CWnd)
     ON_COMMAND(ID_PLOT_OPEN, &CMainWindow::OnPlotOpen)
+    ON_COMMAND(ID_PLOT_CLOSE, &CMainWindow::OnPlotClose)
     ON_COMMAND(ID_PLOT_PROPERTIES, &CMainWindow::OnPlotProperties)
     ON_COMMAND(ID_PLOT_SUMMARY, &CMainWindow::OnPlotSummary)
     ON_COMMAND(ID_PLOT_SUMMARY_AS, &CMainWindow::OnPlotSummaryAs)
@@ -30,6 +30,11 @@ BEGIN_MESSAGE_MAP(CMainWindow, CWnd)
     ON_COMMAND(ID_PLOT_QUIT, &CMainWindow::OnPlotQuit)
     ON_COMMAND_RANGE(ID_SAMPLE_FIRST, ID_SAMPLE_LAST, &CMainWindow::OnSample)
     ON_COMMAND_RANGE(ID_RECENT_FIRST, ID_RECENT_LAST, &CMainWindow::OnRecent)
+    ON_COMMAND(ID_EDIT_COPY, &CMainWindow::OnEditCopy)
+    ON_COMMAND(ID_EDIT_PASTE, &CMainWindow::OnEditPaste)
+    ON_COMMAND(ID_WINDOW_NEXT, &CMainWindow::OnWindowNext)
+    ON_COMMAND(ID_WINDOW_PREVIOUS, &CMainWindow::OnWindowPrevious)
+    ON_COMMAND_RANGE(ID_WINDOW_FIRST, ID_WINDOW_LAST, &CMainWindow::OnWindow)
     ON_COMMAND(ID_VIEW_OPTIONS, &CMainWindow::OnViewOptions)
     ON_COMMAND(ID_LAYER_TOGGLE, &CMainWindow::OnLayerToggle)
     ON_COMMAND(ID_LAYER_SHOW_ALL, &CMainWindow::OnLayerShowAll)
@@ -41,6 +46,8 @@ BEGIN_MESSAGE_MAP(CMainWindow, CWnd)
     ON_NOTIFY(LVN_ITEMCHANGED, IDC_MARKS, &CMainWindow::OnMarkSelected)
     ON_MESSAGE(WM_OPTIONS_APPLIED, &CMainWindow::OnOptionsApplied)
     ON_WM_ENABLE()
+    ON_WM_ENTERMENULOOP()
+    ON_WM_EXITMENULOOP()
 END_MESSAGE_MAP()
 
 CMainWindow::CMainWindow()
@@ -57,6 +64,7 @@ CMainWindow::CMainWindow()
     m_pForm->canvas()->setTool(PlotCanvas::SelectTool);
     m_pRouter = std::make_unique<MessageMapRouter>(this, GetThisMessageMap());
     m_pRouter->addWindow(m_pForm.get());
+    m_pRouter->addMenu(m_pForm->editMenu());
     for (const auto &[id, widget] : m_pForm->controls())
         m_pRouter->addControl(id, widget);
     for (const auto &[id, action] : m_pForm->commands())
@@ -67,29 +75,10 @@ CMainWindow::CMainWindow()
 
 CMainWindow::~CMainWindow() = default;
 
-BOOL CMainWindow::OpenPlot(LPCTSTR lpszPathName)
-{
-    if (m_bReading)
-        return FALSE;
-    CString strReason;
-    const BOOL bOpened = ReadPlot(lpszPathName, strReason);
-    if (bOpened) {
-        m_sheet = CPlotSettings::Load(m_document.GetTitle());
-        ShowPlot();
-        if (!m_document.IsSample() && !theApp().IsUnattended()) {
-            m_recentPlots.Add(lpszPathName);
-            ShowRecentPlots();
-        }
-    }
-    if (!strReason.IsEmpty())
-        theApp().Report(strReason);
-    return bOpened;
-}
-
 BOOL CMainWindow::SaveSummary(LPCTSTR lpszPathName)
 {
     const CString strShown = shortenedPath(lpszPathName);
-    const BOOL bSaved = m_document.SaveSummary(lpszPathName);
+    const BOOL bSaved = Document().SaveSummary(lpszPathName);
     CString strText;
     strText.Format(bSaved ? IDS_SUMMARY_SAVED_FORMAT : IDS_ERROR_SUMMARY, static_cast<LPCTSTR>(strShown));
     if (bSaved)
@@ -99,49 +88,38 @@ BOOL CMainWindow::SaveSummary(LPCTSTR lpszPathName)
     return bSaved;
 }
 
-void CMainWindow::OnPlotOpen()
-{
-    const QFileInfo current(toQString(m_document.GetPathName()));
-    const QString path = m_pForm->askPlotFile(m_document.IsSample() ? QString() : current.path());
-    if (!path.isEmpty())
-        OpenPlot(toCString(path));
-}
-
 void CMainWindow::OnPlotProperties()
 {
-    CPlotPropertiesDialog dialog(m_sheet, m_document.GetPlot(), this);
+    CPlotPropertiesDialog dialog(m_sheet, Document().GetPlot(), this);
     dialog.GetForm()->preview()->setPens(m_options.pens);
     if (dialog.DoModal() != IDOK)
         return;
     m_sheet = dialog.GetSheet();
-    CPlotSettings::Store(m_sheet, m_document.GetTitle());
+    CPlotSettings::Store(m_sheet, Document().GetTitle());
     ShowSheet();
 }
 
 void CMainWindow::OnPlotSummary()
 {
-    const CString strPathName = m_document.GetSummaryPathName();
+    const CString strPathName = Document().GetSummaryPathName();
     if (MayReplace(strPathName))
         SaveSummary(strPathName);
 }
 
-// The extension is only known here, so the file dialog could not ask whether to replace the file.
 void CMainWindow::OnPlotSummaryAs()
 {
-    const QString chosen = m_pForm->askSummaryFile(toQString(m_document.GetSummaryPathName()));
-    if (chosen.isEmpty())
-        return;
-    const CString strPathName = WithExtension(toCString(chosen), _T("txt"));
-    if (MayReplace(strPathName))
-        SaveSummary(strPathName);
+    const CString strProposed = Document().GetSummaryPathName();
+    CSaveDialog dialog(IDS_SUMMARY_AS_CAPTION, IDS_SUMMARY_AS_FILTER, _T("txt"), strProposed, this);
+    if (dialog.DoModal() == IDOK)
+        SaveSummary(dialog.GetTarget());
 }
 
 void CMainWindow::OnPlotExport()
 {
     CString strPathName;
-    const BOOL bCopied = m_document.ExportCopy(strPathName);
+    const BOOL bCopied = Document().ExportCopy(strPathName);
     CString strText;
-    const CString strShown = shortenedPath(bCopied ? strPathName : m_document.GetPathName());
+    const CString strShown = shortenedPath(bCopied ? strPathName : Document().GetPathName());
     strText.Format(bCopied ? IDS_EXPORT_SAVED_FORMAT : IDS_ERROR_EXPORT, static_cast<LPCTSTR>(strShown));
     if (bCopied)
         SetDlgItemText(IDC_STATUS_MESSAGE, strText);
@@ -154,54 +132,15 @@ void CMainWindow::OnPlotQuit()
     m_pForm->close();
 }
 
-void CMainWindow::OnSample(UINT nID)
-{
-    OpenPlot(theApp().GetSamplePath(nID));
-}
-
-// What cannot be opened any more is forgotten, but not what the user stopped.
-void CMainWindow::OnRecent(UINT nID)
-{
-    const std::size_t nIndex = nID - ID_RECENT_FIRST;
-    if (nIndex >= m_recentPlots.GetPaths().size())
-        return;
-    const CString strPathName = m_recentPlots.GetPaths()[nIndex];
-    CFileStatus status;
-    if (!OpenPlot(strPathName) && !CFile::GetStatus(strPathName, status)) {
-        m_recentPlots.Remove(strPathName);
-        ShowRecentPlots();
-    }
-}
-
-// No command is carried out meanwhile, whatever the user presses: the dialog lets messages in.
-BOOL CMainWindow::ReadPlot(LPCTSTR lpszPathName, CString &strReason)
-{
-    const CString strTitle = CString(lpszPathName).Mid(CString(lpszPathName).ReverseFind(_T('/')) + 1);
-    const DWORD dwStart = GetTickCount();
-    std::unique_ptr<CPlotProgressDialog> pDialog;
-    m_bReading = TRUE;
-    UpdateCommands();
-    const BOOL bRead = m_document.Open(lpszPathName, strReason, [&](qint64 done, qint64 total) {
-        const auto nTotal = static_cast<ULONGLONG>(total);
-        if (!pDialog && !theApp().IsUnattended()
-            && CPlotProgressDialog::IsWorthwhile(nTotal, GetTickCount() - dwStart))
-            pDialog = std::make_unique<CPlotProgressDialog>(strTitle, this);
-        return !pDialog || pDialog->Advance(static_cast<ULONGLONG>(done), nTotal);
-    });
-    m_bReading = FALSE;
-    UpdateCommands();
-    return bRead;
-}
-
 void CMainWindow::UpdateCommands()
 {
-    static constexpr UINT anNeedPlot[] = {ID_PLOT_PROPERTIES, ID_PLOT_SUMMARY, ID_PLOT_SUMMARY_AS,
-                                          ID_PLOT_EXPORT,     ID_PLOT_PRINT,   ID_LAYER_TOGGLE,
-                                          ID_LAYER_SHOW_ALL,  ID_TOOL_SELECT,  ID_TOOL_FILL,
-                                          ID_FILL_CLEAR};
+    static constexpr UINT anNeedPlot[] = {
+        ID_PLOT_CLOSE,  ID_PLOT_PROPERTIES, ID_PLOT_SUMMARY,    ID_PLOT_SUMMARY_AS, ID_PLOT_EXPORT,
+        ID_PLOT_PRINT,  ID_EDIT_COPY,       ID_EDIT_PASTE,      ID_LAYER_TOGGLE,    ID_LAYER_SHOW_ALL,
+        ID_TOOL_SELECT, ID_TOOL_FILL,       ID_FILL_CLEAR,      ID_WINDOW_NEXT,     ID_WINDOW_PREVIOUS};
     for (const auto &[id, action] : m_pForm->commands()) {
         const BOOL bNeedsPlot = std::count(std::begin(anNeedPlot), std::end(anNeedPlot), id) > 0;
-        action->setEnabled(!m_bReading && !m_bBlocked && (!bNeedsPlot || m_document.GetPlot()));
+        action->setEnabled(!m_bReading && !m_bBlocked && (!bNeedsPlot || Document().GetPlot()));
     }
 }
 
@@ -214,15 +153,15 @@ void CMainWindow::OnEnable(BOOL bEnable)
 
 void CMainWindow::ShowPlot()
 {
-    const Plot *pPlot = m_document.GetPlot().get();
+    const Plot *pPlot = Document().GetPlot().get();
     CString strApp;
     strApp.LoadString(IDS_APP_TITLE);
     CString strTitle = strApp;
     CString strMessage;
     if (pPlot) {
-        strTitle.Format(IDS_TITLE_FORMAT, static_cast<LPCTSTR>(m_document.GetTitle()),
+        strTitle.Format(IDS_TITLE_FORMAT, static_cast<LPCTSTR>(Document().GetTitle()),
                         static_cast<LPCTSTR>(strApp));
-        strMessage = m_document.IsSample() ? m_document.GetTitle() : m_document.GetPathName();
+        strMessage = Document().IsSample() ? Document().GetTitle() : Document().GetPathName();
     } else {
         strMessage.LoadString(IDS_READY);
         m_pForm->canvas()->setHint(resourceText(IDS_NO_PLOT));
@@ -234,12 +173,17 @@ void CMainWindow::ShowPlot()
     SetStatus(IDC_STATUS_LABELS, IDS_LABELS_FORMAT, pPlot ? static_cast<int>(pPlot->labels.size()) : 0);
     SetStatus(IDC_STATUS_SKIPPED, IDS_SKIPPED_FORMAT, pPlot ? pPlot->skippedCount : 0);
     UpdateCommands();
-    m_pForm->canvas()->setPlot(m_document.GetPlot());
+    m_pForm->canvas()->setPlot(Document().GetPlot());
+    m_sheet = CPlotSettings::Load(Document().GetTitle());
     ShowSheet();
-    if (pPlot)
+    ShowOpenPlots();
+    if (pPlot) {
         m_ctlLayers.Fill(*pPlot);
-    else
+    } else {
+        m_ctlLayers.DeleteAllItems();
+        m_ctlMarks.DeleteAllItems();
         ShowMarks();
+    }
 }
 
 void CMainWindow::SetStatus(int nID, UINT nFormat, int nValue)

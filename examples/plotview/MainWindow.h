@@ -5,7 +5,9 @@
 
 #include "LayerTree.h"
 #include "MarkList.h"
-#include "PlotDocument.h"
+#include "OpenPlots.h"
+#include "OpenPlotsDialog.h"
+#include "PlotClipboard.h"
 #include "PlotOptions.h"
 #include "PlotSheet.h"
 #include "RecentPlots.h"
@@ -23,10 +25,11 @@ public:
     CMainWindow();
     ~CMainWindow() override;
 
-    /// Opens a plot and shows it. When that fails, or something was damaged, the user is told why; what was
-    /// shown before stays after a failure, and when the user cancels it. Does nothing while another one is
-    /// being opened.
-    BOOL OpenPlot(LPCTSTR lpszPathName);
+    /// Opens plots, beside those that are open, and shows the first of them. When that fails, or something
+    /// was damaged, the user is told why; what was shown before stays when none could be opened or the user
+    /// cancels it. Does nothing while others are being opened. \return whether all of them were opened
+    BOOL OpenPlots(const std::vector<CString> &paths);
+    BOOL OpenPlot(LPCTSTR lpszPathName) { return OpenPlots({lpszPathName}); }
     /// Writes the summary of the plot that is shown. When that fails, the user is told.
     BOOL SaveSummary(LPCTSTR lpszPathName);
 
@@ -39,6 +42,7 @@ public:
     PlotMainForm *GetForm() const { return m_pForm.get(); }
 
     afx_msg void OnPlotOpen();
+    afx_msg void OnPlotClose();
     afx_msg void OnPlotProperties();
     afx_msg void OnPlotSummary();
     afx_msg void OnPlotSummaryAs();
@@ -47,6 +51,11 @@ public:
     afx_msg void OnPlotQuit();
     afx_msg void OnSample(UINT nID);
     afx_msg void OnRecent(UINT nID);
+    afx_msg void OnEditCopy();
+    afx_msg void OnEditPaste();
+    afx_msg void OnWindowNext();
+    afx_msg void OnWindowPrevious();
+    afx_msg void OnWindow(UINT nID);
     afx_msg void OnViewOptions();
     afx_msg void OnLayerToggle();
     afx_msg void OnLayerShowAll();
@@ -57,6 +66,8 @@ protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
     afx_msg void OnEnable(BOOL bEnable);
+    afx_msg void OnEnterMenuLoop(BOOL bIsTrackPopupMenu);
+    afx_msg void OnExitMenuLoop(BOOL bIsTrackPopupMenu);
     afx_msg void OnLayerSelected(NMHDR *pNMHDR, LRESULT *pResult);
     afx_msg void OnLayerChecked(NMHDR *pNMHDR, LRESULT *pResult);
     afx_msg void OnMarksEnclosed(NMHDR *pNMHDR, LRESULT *pResult);
@@ -65,8 +76,13 @@ protected:
 
 private:
     BOOL ReadPlot(LPCTSTR lpszPathName, CString &strReason);
+    CPlotDocument &Document() { return m_plots.GetActive(); }
     void UpdateCommands();
+    std::vector<PlotStroke> GetSelectedStrokes();
     void ShowPlot();
+    void ShowPlotIf(BOOL bChanged);
+    void ShowOpenPlots();
+    void SelectMarks(const PlotMarks &marks);
     void ShowSheet();
     void ShowPenIcons();
     void FillBucket();
@@ -77,7 +93,9 @@ private:
     void SetStatus(int nID, UINT nFormat, int nValue);
 
     std::unique_ptr<PlotMainForm> m_pForm;
-    CPlotDocument m_document;
+    COpenPlots m_plots;
+    COpenPlotsDialog m_openDialog;
+    CPlotClipboard m_clipboard;
     CRecentPlots m_recentPlots;
     PlotSheet m_sheet;
     PlotOptions m_options;

@@ -10,6 +10,7 @@
 #include "PlotSummary.h"
 #include "PlotViewApp.h"
 #include "ResourceText.h"
+#include "SaveDialog.h"
 #include "SaveTarget.h"
 
 // What the mouse does on the sheet, and what becomes of the sheet on paper.
@@ -26,8 +27,7 @@ void CMainWindow::OnFillClear()
 
 void CMainWindow::OnMarksEnclosed(NMHDR *pNMHDR, LRESULT *pResult)
 {
-    const PlotMarks &marks = *reinterpret_cast<const NMPLOTMARKS *>(pNMHDR)->pMarks;
-    m_pForm->selectMarkRows(m_ctlMarks.FindRows(marks));
+    SelectMarks(*reinterpret_cast<const NMPLOTMARKS *>(pNMHDR)->pMarks);
     *pResult = 0;
 }
 
@@ -40,23 +40,20 @@ void CMainWindow::FillBucket()
 
 void CMainWindow::OnPlotPrint()
 {
-    const QString proposed = toQString(WithExtension(m_document.GetSummaryPathName(), _T("pdf")));
-    const QString chosen = m_pForm->askPrintFile(proposed);
-    if (chosen.isEmpty())
-        return;
-    const CString strPathName = WithExtension(toCString(chosen), _T("pdf"));
-    if (MayReplace(strPathName))
-        PrintPlot(strPathName);
+    const CString strProposed = WithExtension(Document().GetSummaryPathName(), _T("pdf"));
+    CSaveDialog dialog(IDS_PRINT_CAPTION, IDS_PRINT_FILTER, _T("pdf"), strProposed, this);
+    if (dialog.DoModal() == IDOK)
+        PrintPlot(dialog.GetTarget());
 }
 
 BOOL CMainWindow::PrintPlot(LPCTSTR lpszPathName)
 {
     const CString strShown = shortenedPath(lpszPathName);
     BOOL bPrinted = FALSE;
-    if (const auto &pPlot = m_document.GetPlot()) {
+    if (const auto &pPlot = Document().GetPlot()) {
         PlotSheetPainter sheet(*pPlot, m_sheet, m_options.pens);
         sheet.setHidden(m_ctlLayers.GetHiddenLayers());
-        const CString strTitle = m_document.GetTitle();
+        const CString strTitle = Document().GetTitle();
         const CPlotSummary summary(*pPlot, strTitle, CTime::GetCurrentTime());
         bPrinted = CPlotPrinter(sheet, m_pForm->canvas()->fills()).Print(lpszPathName, strTitle, summary);
     }

@@ -42,7 +42,7 @@ LRESULT CMainWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 void CMainWindow::ShowOptions(int nPage)
 {
     static const Plot noPlot;
-    const Plot &plot = m_document.GetPlot() ? *m_document.GetPlot() : noPlot;
+    const Plot &plot = Document().GetPlot() ? *Document().GetPlot() : noPlot;
     const PlotSheetPainter painter(plot, m_sheet);
     CPensPage::Colours defaults;
     for (int i = 0; i < PlotSheet::PenCount; ++i)
@@ -103,19 +103,20 @@ void CMainWindow::OnMarkSelected(NMHDR *, LRESULT *pResult)
 void CMainWindow::ShowSheet()
 {
     m_pForm->canvas()->setSheet(m_sheet);
-    if (m_document.GetPlot())
-        m_pForm->legend()->describe(*m_document.GetPlot(), m_sheet);
+    m_pForm->legend()->setVisible(Document().GetPlot() != nullptr);
+    if (Document().GetPlot())
+        m_pForm->legend()->describe(*Document().GetPlot(), m_sheet);
     ShowPenIcons();
 }
 
 void CMainWindow::ShowPenIcons()
 {
-    if (!m_document.GetPlot())
+    if (!Document().GetPlot())
         return;
-    const PlotSheetPainter painter(*m_document.GetPlot(), m_sheet, m_options.pens);
+    const PlotSheetPainter painter(*Document().GetPlot(), m_sheet, m_options.pens);
     const QSize size = m_pForm->layers()->iconSize() * m_pForm->devicePixelRatioF();
     std::map<int, QIcon> icons;
-    for (const auto &[nPen, nMarks] : m_document.GetPlot()->marksByPen()) {
+    for (const auto &[nPen, nMarks] : Document().GetPlot()->marksByPen()) {
         const QImage swatch = penSwatch(painter.penColour(nPen), painter.paperColour(), size);
         icons[nPen] = QIcon(QPixmap::fromImage(swatch));
     }
@@ -127,10 +128,10 @@ void CMainWindow::ShowMarks()
 {
     CString strTitle;
     strTitle.LoadString(IDS_MARKS_NONE);
-    if (m_document.GetPlot() && m_ctlLayers.GetSelectedItem()) {
+    if (Document().GetPlot() && m_ctlLayers.GetSelectedItem()) {
         const PlotLayer layer = m_ctlLayers.GetSelectedLayer();
         const int nMost = PlotOptions::RowChoices[static_cast<std::size_t>(m_options.rows)];
-        const int nMarks = m_ctlMarks.Fill(*m_document.GetPlot(), layer, m_options.units, nMost);
+        const int nMarks = m_ctlMarks.Fill(*Document().GetPlot(), layer, m_options.units, nMost);
         const CString strName = LayerName(layer);
         if (nMarks > nMost)
             strTitle.Format(IDS_MARKS_CUT_FORMAT, static_cast<LPCTSTR>(strName), nMost, nMarks);

@@ -11,6 +11,7 @@
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QSlider>
 #include <QtWidgets/QTableWidget>
 
@@ -92,13 +93,16 @@ void MessageMapRouter::addCanvas(UINT id, PlotCanvas *canvas)
 bool MessageMapRouter::eventFilter(QObject *, QEvent *event)
 {
     const bool isBlocked = event->type() == QEvent::WindowBlocked;
-    if (isBlocked || event->type() == QEvent::WindowUnblocked) {
-        using EnableHandler = void (CWnd::*)(BOOL);
-        const AFX_MSGMAP_ENTRY *entry = KxFindMessageEntry(m_map, WM_ENABLE, 0, 0);
-        if (auto handler = KxMessageHandler<EnableHandler>(entry))
-            handler(m_target, !isBlocked);
-    }
+    if (isBlocked || event->type() == QEvent::WindowUnblocked)
+        routeFlag(WM_ENABLE, !isBlocked);
     return false;
+}
+
+void MessageMapRouter::addMenu(QMenu *menu)
+{
+    constexpr bool IsShortcutMenu = false;
+    connect(menu, &QMenu::aboutToShow, this, [this] { routeFlag(WM_ENTERMENULOOP, IsShortcutMenu); });
+    connect(menu, &QMenu::aboutToHide, this, [this] { routeFlag(WM_EXITMENULOOP, IsShortcutMenu); });
 }
 
 void MessageMapRouter::addCommand(UINT id, QAction *action)
@@ -124,6 +128,14 @@ void MessageMapRouter::routeNotification(UINT id, NMHDR *header)
     LRESULT result = 0;
     if (auto handler = KxMessageHandler<KxNotifyHandler>(entry))
         handler(m_target, header, &result);
+}
+
+void MessageMapRouter::routeFlag(UINT message, bool flag)
+{
+    using FlagHandler = void (CWnd::*)(BOOL);
+    const AFX_MSGMAP_ENTRY *entry = KxFindMessageEntry(m_map, message, 0, 0);
+    if (auto handler = KxMessageHandler<FlagHandler>(entry))
+        handler(m_target, flag);
 }
 
 void MessageMapRouter::routeScroll(int position)

@@ -8,6 +8,7 @@
 class PlotCanvas;
 class PlotLayersView;
 class QAction;
+class QMenu;
 class QTableWidget;
 class QTreeWidgetItem;
 class QWidget;
@@ -27,6 +28,8 @@ public:
     void addControl(UINT id, QWidget *widget);
     /// Routes WM_ENABLE: whether a modal window keeps the user from this one.
     void addWindow(QWidget *window);
+    /// Routes WM_ENTERMENULOOP and WM_EXITMENULOOP: the menu is about to be shown, and is gone again.
+    void addMenu(QMenu *menu);
     /// Routes the command that the action stands for.
     void addCommand(UINT id, QAction *action);
 
@@ -39,6 +42,7 @@ private:
     void addTable(UINT id, QTableWidget *table);
     void route(UINT id, UINT code);
     void routeNotification(UINT id, NMHDR *header);
+    void routeFlag(UINT message, bool flag);
     void routeScroll(int position);
 
     CWnd *m_target;

@@ -76,3 +76,21 @@ QRectF Plot::bounds() const
         extent.add(label.box());
     return extent.rect();
 }
+
+qint64 Plot::pointCount() const
+{
+    qint64 count = ::pointCount(strokes);
+    for (const PlotArea &area : areas) {
+        for (const QPolygonF &outline : area.outlines)
+            count += outline.size();
+    }
+    return count;
+}
+
+qint64 pointCount(const std::vector<PlotStroke> &strokes)
+{
+    qint64 count = 0;
+    for (const PlotStroke &stroke : strokes)
+        count += stroke.points.size();
+    return count;
+}

@@ -15,9 +15,10 @@
 struct PlotStroke
 {
     static constexpr int SolidLine = -1;
+    static constexpr int LargestLineType = 8;
 
     int pen = 1;
-    int lineType = SolidLine;   ///< 0 (dots at the points) to 8, or SolidLine
+    int lineType = SolidLine;   ///< 0 (dots at the points) to LargestLineType, or SolidLine
     double patternLength = 0;   ///< length of one dash pattern in plotter units
     double width = 0;           ///< millimetres; 0 is the pen's own
     QPolygonF points;
@@ -72,4 +73,9 @@ struct Plot
     /// What each pen that touched the paper drew: strokes, areas and labels together.
     std::map<int, int> marksByPen() const;
     QRectF bounds() const;
+    /// Of all strokes and areas together.
+    qint64 pointCount() const;
 };
+
+/// The points of all strokes.
+qint64 pointCount(const std::vector<PlotStroke> &strokes);

@@ -70,6 +70,16 @@ BOOL CPlotDocument::Open(LPCTSTR lpszPathName, CString &strReason, const PlotPro
     return TRUE;
 }
 
+BOOL CPlotDocument::AddStrokes(const std::vector<PlotStroke> &strokes)
+{
+    if (!m_pPlot || m_pPlot->pointCount() + pointCount(strokes) > PlotReader::MostPoints)
+        return FALSE;
+    auto pPlot = std::make_shared<Plot>(*m_pPlot);
+    pPlot->strokes.insert(pPlot->strokes.end(), strokes.begin(), strokes.end());
+    m_pPlot = std::move(pPlot);
+    return TRUE;
+}
+
 CString CPlotDocument::GetTitle() const
 {
     return m_strPathName.Mid(m_strPathName.ReverseFind(_T('/')) + 1);

@@ -26,6 +26,10 @@ public:
     /// in the current folder. \return FALSE when not all of it could be written, and nothing is left then
     BOOL ExportCopy(CString &strPathName) const;
 
+    /// Draws strokes above what is there; the file stays as it is. \return FALSE when there is no plot, or
+    /// more would be in it than a plot may have
+    BOOL AddStrokes(const std::vector<PlotStroke> &strokes);
+
     const CString &GetPathName() const { return m_strPathName; }
     CString GetTitle() const;
     /// Whether it is one of those that come with the program.

@@ -12,7 +12,7 @@ namespace {
 // What an A4 plotter starts with.
 constexpr QPointF DefaultP1(603, 521);
 constexpr QPointF DefaultP2(10603, 7721);
-constexpr int LargestPen = 255;
+constexpr int LargestPen = PlotReader::LargestPen;
 
 bool isUsableFactor(double factor)
 {
@@ -220,7 +220,7 @@ bool PlotInterpreter::lineType()
     // A negative type fits whole patterns to each stroke; here it is drawn as its positive fellow.
     const int type = std::abs(integerParameter(0));
     const double patternLength = parameter(1, m_settings.patternLength);
-    if (type > 8 || patternLength < 0 || patternLength > 100)
+    if (type > PlotStroke::LargestLineType || patternLength < 0 || patternLength > 100)
         return false;
     endStroke();
     m_settings.lineType = type;

@@ -12,7 +12,6 @@
 #include <QtGui/QPainterPath>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QActionGroup>
-#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLabel>
@@ -248,28 +247,6 @@ QWidget *PlotMainForm::makeMarks()
     return makeSection(heading, m_marks);
 }
 
-QString PlotMainForm::askPlotFile(const QString &folder)
-{
-    return QFileDialog::getOpenFileName(this, resourceText(IDS_OPEN_CAPTION), folder,
-                                        resourceText(IDS_OPEN_FILTER));
-}
-
-QString PlotMainForm::askSummaryFile(const QString &proposed)
-{
-    return askSaveFile(IDS_SUMMARY_AS_CAPTION, IDS_SUMMARY_AS_FILTER, proposed);
-}
-
-QString PlotMainForm::askPrintFile(const QString &proposed)
-{
-    return askSaveFile(IDS_PRINT_CAPTION, IDS_PRINT_FILTER, proposed);
-}
-
-QString PlotMainForm::askSaveFile(UINT caption, UINT filter, const QString &proposed)
-{
-    return QFileDialog::getSaveFileName(this, resourceText(caption), proposed, resourceText(filter), nullptr,
-                                        QFileDialog::DontConfirmOverwrite);
-}
-
 // All of them at once, so that the selection changes once.
 void PlotMainForm::selectMarkRows(const std::vector<int> &rows)
 {
@@ -278,24 +255,39 @@ void PlotMainForm::selectMarkRows(const std::vector<int> &rows)
     for (const int row : rows)
         selection.select(model->index(row, 0), model->index(row, m_marks->columnCount() - 1));
     m_marks->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
-    if (!rows.empty())
+    if (!rows.empty()) {
+        m_marks->doItemsLayout();   // so that the scroll bar reaches rows that have just been added
         m_marks->scrollTo(model->index(rows.front(), 0));
+    }
 }
 
 void PlotMainForm::showRecentPlots(const QStringList &names)
 {
-    for (int i = 0; i < PlotOptions::MostRecentPlots; ++i) {
-        QAction *action = m_commands.at(static_cast<UINT>(ID_RECENT_FIRST + i));
-        action->setVisible(i < names.size());
+    showNames(ID_RECENT_FIRST, ID_RECENT_LAST, names);
+    m_belowRecentPlots->setVisible(!names.isEmpty());
+}
+
+void PlotMainForm::showOpenPlots(const QStringList &names, int active)
+{
+    showNames(ID_WINDOW_FIRST, ID_WINDOW_LAST, names);
+    m_aboveOpenPlots->setVisible(!names.isEmpty());
+    for (UINT id = ID_WINDOW_FIRST; id <= ID_WINDOW_LAST; ++id)
+        m_commands[id]->setChecked(static_cast<int>(id - ID_WINDOW_FIRST) == active);
+}
+
+void PlotMainForm::showNames(UINT first, UINT last, const QStringList &names)
+{
+    for (UINT id = first; id <= last; ++id) {
+        const auto i = static_cast<int>(id - first);
+        m_commands[id]->setVisible(i < names.size());
         if (i < names.size()) {
             QString name = names.at(i);
             name.replace(QLatin1Char('&'), QLatin1String("&&"));
             CString text;
             text.Format(IDS_RECENT_FORMAT, i + 1, static_cast<LPCTSTR>(toCString(name)));
-            action->setText(toQString(text));
+            m_commands[id]->setText(toQString(text));
         }
     }
-    m_belowRecentPlots->setVisible(!names.isEmpty());
 }
 
 // Wide enough for the headings and for what usually stands below them, and the panel for the columns.
@@ -331,7 +323,9 @@ void PlotMainForm::makeMenus()
 {
     makeTools();
     makeFileMenu();
+    makeEditMenu();
     makeViewMenu();
+    makeWindowMenu();
     m_commands[ID_PLOT_OPEN]->setIcon(drawnIcon(drawFolder));
     m_commands[ID_PLOT_PROPERTIES]->setIcon(drawnIcon(drawSheet));
     m_commands[ID_PLOT_PRINT]->setIcon(drawnIcon(drawPrinter));
@@ -370,6 +364,7 @@ void PlotMainForm::makeFileMenu()
     samples->addAction(addCommand(ID_SAMPLE_HOUSING, IDS_SAMPLE_HOUSING));
     samples->addAction(addCommand(ID_SAMPLE_CURVES, IDS_SAMPLE_CURVES));
     samples->addAction(addCommand(ID_SAMPLE_ISLAND, IDS_SAMPLE_ISLAND));
+    file->addAction(addCommand(ID_PLOT_CLOSE, IDS_FILE_CLOSE, Qt::CTRL + Qt::Key_W));
     file->addSeparator();
     file->addAction(addCommand(ID_PLOT_PROPERTIES, IDS_FILE_PROPERTIES, Qt::ALT + Qt::Key_Return));
     file->addSeparator();
@@ -378,14 +373,31 @@ void PlotMainForm::makeFileMenu()
     file->addAction(addCommand(ID_PLOT_EXPORT, IDS_FILE_EXPORT, Qt::CTRL + Qt::Key_E));
     file->addAction(addCommand(ID_PLOT_PRINT, IDS_FILE_PRINT, QKeySequence::Print));
     file->addSeparator();
-    for (int i = 0; i < PlotOptions::MostRecentPlots; ++i) {
-        auto *action = new QAction(this);
-        m_commands[static_cast<UINT>(ID_RECENT_FIRST + i)] = action;
-        file->addAction(action);
-    }
+    for (UINT id = ID_RECENT_FIRST; id <= ID_RECENT_LAST; ++id)
+        file->addAction(m_commands[id] = new QAction(this));
     m_belowRecentPlots = file->addSeparator();
     file->addAction(addCommand(ID_PLOT_QUIT, IDS_FILE_QUIT, Qt::CTRL + Qt::Key_Q));
     showRecentPlots({});
+}
+
+void PlotMainForm::makeEditMenu()
+{
+    m_editMenu = menuBar()->addMenu(resourceText(IDS_MENU_EDIT));
+    m_editMenu->addAction(addCommand(ID_EDIT_COPY, IDS_EDIT_COPY, QKeySequence::Copy));
+    m_editMenu->addAction(addCommand(ID_EDIT_PASTE, IDS_EDIT_PASTE, QKeySequence::Paste));
+}
+
+void PlotMainForm::makeWindowMenu()
+{
+    QMenu *window = menuBar()->addMenu(resourceText(IDS_MENU_WINDOW));
+    window->addAction(addCommand(ID_WINDOW_NEXT, IDS_WINDOW_NEXT, Qt::CTRL + Qt::Key_F6));
+    window->addAction(addCommand(ID_WINDOW_PREVIOUS, IDS_WINDOW_PREVIOUS, Qt::CTRL + Qt::SHIFT + Qt::Key_F6));
+    m_aboveOpenPlots = window->addSeparator();
+    for (UINT id = ID_WINDOW_FIRST; id <= ID_WINDOW_LAST; ++id) {
+        window->addAction(m_commands[id] = new QAction(this));
+        m_commands[id]->setCheckable(true);
+    }
+    showOpenPlots({}, -1);
 }
 
 void PlotMainForm::makeToolBar()

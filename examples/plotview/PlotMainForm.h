@@ -13,6 +13,7 @@ class PlotLayersView;
 class PlotLegend;
 class QAction;
 class QLabel;
+class QMenu;
 class QSplitter;
 class QTableWidget;
 
@@ -27,17 +28,10 @@ public:
 
     PlotCanvas *canvas() const { return m_canvas; }
     PlotLayersView *layers() const { return m_layers; }
+    QMenu *editMenu() const { return m_editMenu; }
     PlotLegend *legend() const { return m_legend; }
     const std::map<UINT, QWidget *> &controls() const { return m_controls; }
     const std::map<UINT, QAction *> &commands() const { return m_commands; }
-
-    /// Asks for a plot file; empty when the user thinks better of it.
-    QString askPlotFile(const QString &folder);
-    /// Asks for the name of a summary, `proposed` at first; likewise. Nobody asked whether to replace a file.
-    QString askSummaryFile(const QString &proposed);
-
-    /// Asks for the file to print to; likewise.
-    QString askPrintFile(const QString &proposed);
 
     /// Selects rows of the list of marks, and no others.
     void selectMarkRows(const std::vector<int> &rows);
@@ -46,6 +40,8 @@ public:
     void arrangeMarkColumns();
     /// Shows the recent plots in the File menu, as many as there are names.
     void showRecentPlots(const QStringList &names);
+    /// Shows the open plots in the Window menu, as many as it has room for, and marks one of them.
+    void showOpenPlots(const QStringList &names, int active);
 
 private:
     QAction *addCommand(UINT id, UINT text, const QKeySequence &shortcut = QKeySequence());
@@ -53,10 +49,12 @@ private:
     QWidget *makeLayers();
     QWidget *makeMarks();
     void makeMenus();
-    QString askSaveFile(UINT caption, UINT filter, const QString &proposed);
     void makeFileMenu();
+    void makeEditMenu();
     void makeViewMenu();
+    void makeWindowMenu();
     void makeTools();
+    void showNames(UINT first, UINT last, const QStringList &names);
     void makeToolBar();
     void makeStatusBar();
     QLabel *addStatus(UINT id);
@@ -69,4 +67,6 @@ private:
     std::map<UINT, QWidget *> m_controls;
     std::map<UINT, QAction *> m_commands;
     QAction *m_belowRecentPlots = nullptr;
+    QAction *m_aboveOpenPlots = nullptr;
+    QMenu *m_editMenu = nullptr;
 };

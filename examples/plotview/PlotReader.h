@@ -37,6 +37,7 @@ public:
     static constexpr int MostPoints = 2 * 1000 * 1000;      ///< of all strokes and areas of one plot
     static constexpr int MostCharacters = 1000 * 1000;      ///< of all labels of one plot
     static constexpr int LongestLabel = 1024;               ///< longer ones are cut
+    static constexpr int LargestPen = 255;
     static constexpr double LargestCoordinate = 8388608.0;  ///< plotter units, either side of the origin
 
     static PlotReading readFile(const QString &path, const PlotProgress &progress = PlotProgress());

@@ -8,19 +8,11 @@
 
 #include <QRmUiPathname.h>
 
-#include <QtCore/QDir>
-#include <QtCore/QFileInfo>
-
 #include <algorithm>
 
 namespace {
 
 constexpr int nLongestName = 40;
-
-CString FullPath(LPCTSTR lpszPathName)
-{
-    return toCString(QDir::cleanPath(QFileInfo(toQString(lpszPathName)).absoluteFilePath()));
-}
 
 } // namespace
 
@@ -31,7 +23,7 @@ CRecentPlots::CRecentPlots()
 
 void CRecentPlots::Add(LPCTSTR lpszPathName)
 {
-    const CString strPath = FullPath(lpszPathName);
+    const CString strPath = fullPath(lpszPathName);
     if (strPath.GetLength() > CPlotSettings::LongestPath)
         return;
     Drop(strPath);
@@ -44,7 +36,7 @@ void CRecentPlots::Add(LPCTSTR lpszPathName)
 void CRecentPlots::Remove(LPCTSTR lpszPathName)
 {
     const std::size_t nBefore = m_paths.size();
-    Drop(FullPath(lpszPathName));
+    Drop(fullPath(lpszPathName));
     if (m_paths.size() != nBefore)
         CPlotSettings::StoreRecentPlots(m_paths);
 }

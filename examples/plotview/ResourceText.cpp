@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ResourceText.h"
 
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+
 QString resourceText(UINT id)
 {
     CString text;
@@ -16,6 +19,11 @@ QString toQString(LPCTSTR text)
 CString toCString(const QString &text)
 {
     return CString(text.toStdWString());
+}
+
+CString fullPath(LPCTSTR path)
+{
+    return toCString(QDir::cleanPath(QFileInfo(toQString(path)).absoluteFilePath()));
 }
 
 CString shortenedPath(const CString &path, int longest)

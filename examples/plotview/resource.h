@@ -162,7 +162,17 @@
 #define IDS_TOOL_SELECT                 348
 #define IDS_TOOL_FILL                   349
 #define IDS_FILL_CLEAR                  350
-#define IDS_LAST                        350
+#define IDS_MENU_EDIT                   351
+#define IDS_EDIT_COPY                   352
+#define IDS_EDIT_PASTE                  353
+#define IDS_MENU_WINDOW                 354
+#define IDS_WINDOW_NEXT                 355
+#define IDS_WINDOW_PREVIOUS             356
+#define IDS_FILE_CLOSE                  357
+#define IDS_COPIED_FORMAT               358
+#define IDS_PASTED_FORMAT               359
+#define IDS_ERROR_PASTE                 360
+#define IDS_LAST                        360
 
 // Controls of the main window.
 #define IDC_CANVAS                      1000
@@ -233,6 +243,13 @@
 #define ID_TOOL_FILL                    32802
 #define ID_TOOL_LAST                    32802
 #define ID_FILL_CLEAR                   32803
+#define ID_PLOT_CLOSE                   32804
+#define ID_EDIT_COPY                    57634
+#define ID_EDIT_PASTE                   57637
+#define ID_WINDOW_NEXT                  32805
+#define ID_WINDOW_PREVIOUS              32806
+#define ID_WINDOW_FIRST                 32810
+#define ID_WINDOW_LAST                  32818
 
 // Notifications.
 #define PCN_MARKSENCLOSED               1

@@ -28,8 +28,9 @@ constexpr unsigned char lgs_Mask2[2] = {0xF0, 0x0F};
 /// value, nor a colour. Pixels are counted from 0, rows from the top; the rows lie one behind the other without
 /// gaps.
 ///
-/// The searches and DrawLineH() also serve depths of 1, 2, 4, 8, 16 and 24 bits, for a derived class that fills the
-/// fields with a bitmap of its own. Below 8 bits the leftmost pixel is in the highest bits of its byte.
+/// The searches, DrawLineH() and GetPixel() also serve depths of 1, 2, 4, 8, 16 and 24 bits, for a derived class that
+/// fills the fields with a bitmap of its own; SetPixel() draws on makeBitmap()'s alone. Below 8 bits the leftmost pixel
+/// is in the highest bits of its byte.
 ///
 /// A flood fill colours a run of pixels of the colour `old`:
 ///
@@ -49,10 +50,12 @@ public:
 
     /// Makes a bitmap of `width` by `height` pixels, both positive, opaque black.
     ///
-    /// `dc` becomes a KxQtPainterWrapper on it, `bitmap` a handle that the image service knows. Both belong to this
-    /// object and hold as long as it lives. A second call forgets the first bitmap without deleting it.
-    /// `reference` is ignored. When memory cannot be had, or a side is not positive, there are no pixels: reading gives
-    /// 0xFFFFFFFF and nothing is drawn, while GetWidth() and GetHeight() tell what was asked for.
+    /// `dc` becomes a KxQtPainterWrapper on it, `bitmap` a handle of the image service, which must be the one in use
+    /// still when this object goes. Both belong to this object and hold as long as it lives. A second call forgets the
+    /// first bitmap without deleting it. `reference` is ignored.
+    ///
+    /// When memory cannot be had, or a side is not positive, there are no pixels: reading gives 0xFFFFFFFF and nothing
+    /// is drawn, while GetWidth() and GetHeight() tell what was asked for.
     ///
     /// To keep the picture use QImage::copy(): while another QImage shares the image behind the handle, what is drawn
     /// through `dc` or SetPixel() goes to other memory.
@@ -116,6 +119,7 @@ private:
     int walkLeft(int x, int y, int limit, DWORD v) const;
     template<bool StopAtEqual>
     int walkRight(int x, int y, int limit, DWORD v) const;
+    bool isColumn(int x) const;
     /// The row of a pixel; null outside of the bitmap.
     const unsigned char *rowAt(int x, int y) const;
     /// The row that a walk goes along; null for bad input.

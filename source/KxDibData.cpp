@@ -107,11 +107,15 @@ COLORREF CDibData::GetPixel(int x, int y) const
     return ValueToRGB(GetPixelValue(x, y));
 }
 
+inline bool CDibData::isColumn(int x) const
+{
+    return static_cast<unsigned int>(x) < static_cast<unsigned int>(std::max(GetWidth(), 0));
+}
+
 inline const unsigned char *CDibData::rowAt(int x, int y) const
 {
-    if (!m_pRows || x < 0 || x >= GetWidth() || y < 0 || y >= rowCount(GetHeight()))
-        return nullptr;
-    return m_pRows[y];
+    const bool isInside = m_pRows && isColumn(x) && y >= 0 && y < rowCount(GetHeight());
+    return isInside ? m_pRows[y] : nullptr;
 }
 
 DWORD CDibData::GetPixelValue(int x, int y) const
@@ -124,7 +128,7 @@ DWORD CDibData::GetPixelValue(int x, int y) const
 
 inline const unsigned char *CDibData::walkableRow(int x, int y, int limit, DWORD v) const
 {
-    return limit >= 0 && limit < GetWidth() && v != NoValue ? rowAt(x, y) : nullptr;
+    return isColumn(limit) && v != NoValue ? rowAt(x, y) : nullptr;
 }
 
 template<bool StopAtEqual>
@@ -179,7 +183,13 @@ BOOL CDibData::DrawLineH(int x1, int x2, int y, DWORD v)
 {
     if (!m_pRows || v == NoValue)
         return FALSE;
-    const int first = std::max(std::min(x1, x2), 0);
-    const int last = std::min(std::max(x1, x2), std::max(GetWidth(), 0) - 1);
-    return first <= last && KxDibRow::fill(m_pRows[y], m_nBitCount, first, last, v);
+    const auto [left, right] = std::minmax(x1, x2);
+    const int width = GetWidth();
+    if (right < 0 || left >= width)
+        return FALSE;
+    const int first = std::max(left, 0);
+    const int last = std::min(right, KxWrapping::difference(width, 1));
+    if (first > last)
+        return KxDibRow::isServed(m_nBitCount); // Across a row without pixels.
+    return KxDibRow::fill(m_pRows[y], m_nBitCount, first, last, v);
 }

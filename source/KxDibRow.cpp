@@ -1,15 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "KxDibRow_p.h"
 
-#include "KxDibData.h"
-#include "KxDibWalk_p.h"
-
-#include <cstring>
 #include <cwchar>
 
 namespace KxDibRow {
 
 namespace {
+
+const KxDibKernel &fastestKernel()
+{
+#if defined(__x86_64__)
+    if (__builtin_cpu_supports("avx2"))
+        return KxDibKernelOfAvx2;
+#endif
+    return KxDibKernelOfAnyProcessor;
+}
 
 template<class Word>
 Word load(const unsigned char *bytes)
@@ -17,50 +22,6 @@ Word load(const unsigned char *bytes)
     Word word;
     std::memcpy(&word, bytes, sizeof word);
     return word;
-}
-
-// ---- pixels of whole words -----------------------------------------------------------------------------
-
-const KxDibKernel &kernelOfThisProcessor()
-{
-#if defined(__x86_64__)
-    static const bool hasAvx2 = __builtin_cpu_supports("avx2");
-    if (hasAvx2)
-        return KxDibKernelOfAvx2;
-#endif
-    return KxDibKernelOfAnyProcessor;
-}
-
-template<class Word>
-constexpr std::size_t walkIndex = sizeof(Word) / 2;
-
-/// Whether no word can be the value: what is compared has not all its bits.
-template<class Word>
-bool isBeyond(std::uint32_t value)
-{
-    return sizeof(Word) == 4 && value > RGB_MASK;
-}
-
-template<class Word, StopAt stop>
-int wordsRight(const unsigned char *row, int x, int count, std::uint32_t value)
-{
-    if (isBeyond<Word>(value))
-        return stop == StopAt::Equal ? count : 0;
-    const KxDibWalk &walk = kernelOfThisProcessor().walks[walkIndex<Word>];
-    const auto run = stop == StopAt::Equal ? walk.rightToEqual : walk.rightToDifferent;
-    const unsigned char *first = row + static_cast<std::size_t>(x) * sizeof(Word);
-    return static_cast<int>(run(first, static_cast<std::size_t>(count), value));
-}
-
-template<class Word, StopAt stop>
-int wordsLeft(const unsigned char *row, int x, int count, std::uint32_t value)
-{
-    if (isBeyond<Word>(value))
-        return stop == StopAt::Equal ? count : 0;
-    const KxDibWalk &walk = kernelOfThisProcessor().walks[walkIndex<Word>];
-    const auto run = stop == StopAt::Equal ? walk.leftToEqual : walk.leftToDifferent;
-    const unsigned char *first = row + static_cast<std::size_t>(x - count + 1) * sizeof(Word);
-    return static_cast<int>(run(first, static_cast<std::size_t>(count), value));
 }
 
 // ---- pixels of three bytes -----------------------------------------------------------------------------
@@ -193,8 +154,10 @@ struct Packed
 
 } // namespace
 
+const KxDibKernel kernelOfThisProcessor = fastestKernel();
+
 template<StopAt stop>
-int runRight(const unsigned char *row, int depth, int x, int count, std::uint32_t value)
+int otherRight(const unsigned char *row, int depth, int x, int count, std::uint32_t value)
 {
     switch (depth) {
     case 1: return Packed<1>::right<stop>(row, x, count, value);
@@ -203,13 +166,12 @@ int runRight(const unsigned char *row, int depth, int x, int count, std::uint32_
     case 8: return wordsRight<std::uint8_t, stop>(row, x, count, value);
     case 16: return wordsRight<std::uint16_t, stop>(row, x, count, value);
     case 24: return triplesAlong<stop>(row, x, 1, count, value);
-    case 32: return wordsRight<std::uint32_t, stop>(row, x, count, value);
     default: return 0;
     }
 }
 
 template<StopAt stop>
-int runLeft(const unsigned char *row, int depth, int x, int count, std::uint32_t value)
+int otherLeft(const unsigned char *row, int depth, int x, int count, std::uint32_t value)
 {
     switch (depth) {
     case 1: return Packed<1>::left<stop>(row, x, count, value);
@@ -218,20 +180,14 @@ int runLeft(const unsigned char *row, int depth, int x, int count, std::uint32_t
     case 8: return wordsLeft<std::uint8_t, stop>(row, x, count, value);
     case 16: return wordsLeft<std::uint16_t, stop>(row, x, count, value);
     case 24: return triplesAlong<stop>(row, x, -1, count, value);
-    case 32: return wordsLeft<std::uint32_t, stop>(row, x, count, value);
     default: return 0;
     }
 }
 
-template int runRight<StopAt::Equal>(const unsigned char *, int, int, int, std::uint32_t);
-template int runRight<StopAt::Different>(const unsigned char *, int, int, int, std::uint32_t);
-template int runLeft<StopAt::Equal>(const unsigned char *, int, int, int, std::uint32_t);
-template int runLeft<StopAt::Different>(const unsigned char *, int, int, int, std::uint32_t);
-
-bool isServed(int depth)
-{
-    return depth == 1 || depth == 2 || depth == 4 || depth == 8 || depth == 16 || depth == 24 || depth == 32;
-}
+template int otherRight<StopAt::Equal>(const unsigned char *, int, int, int, std::uint32_t);
+template int otherRight<StopAt::Different>(const unsigned char *, int, int, int, std::uint32_t);
+template int otherLeft<StopAt::Equal>(const unsigned char *, int, int, int, std::uint32_t);
+template int otherLeft<StopAt::Different>(const unsigned char *, int, int, int, std::uint32_t);
 
 std::uint32_t pixel(const unsigned char *row, int depth, int x)
 {
@@ -248,17 +204,18 @@ std::uint32_t pixel(const unsigned char *row, int depth, int x)
     }
 }
 
-void fill32(unsigned char *target, std::size_t count, std::uint32_t word)
+void fillMany32(unsigned char *target, std::size_t count, std::uint32_t word)
 {
     static_assert(sizeof(wchar_t) == sizeof word);
-    constexpr std::size_t Many = 512; // From here on the C library is faster, at addresses that it may be given.
+    // From here on the C library is faster, at addresses that it may be given.
+    constexpr std::size_t Many = 512;
     if (count >= Many && reinterpret_cast<std::uintptr_t>(target) % alignof(wchar_t) == 0)
         std::wmemset(static_cast<wchar_t *>(static_cast<void *>(target)), static_cast<wchar_t>(word), count);
     else
-        kernelOfThisProcessor().fill32(target, count, word);
+        kernelOfThisProcessor.fill32(target, count, word);
 }
 
-bool fill(unsigned char *row, int depth, int first, int last, std::uint32_t value)
+bool fillOther(unsigned char *row, int depth, int first, int last, std::uint32_t value)
 {
     const auto begin = static_cast<std::size_t>(first);
     const auto count = static_cast<std::size_t>(last - first) + 1;
@@ -275,7 +232,6 @@ bool fill(unsigned char *row, int depth, int first, int last, std::uint32_t valu
         return true;
     }
     case 24: return true; // Deliberately not written.
-    case 32: fill32(row + 4 * begin, count, value); return true;
     default: return false;
     }
 }

@@ -2,9 +2,9 @@
 #pragma once
 
 /// @file
-/// The walks, for the kind of processor that the including file is compiled for.
+/// The walks, for the kind of processor that the including file is compiled for. Nothing is included whose
+/// inline functions could bring that processor's instructions into the rest of the library.
 
-#include "KxDibRow_p.h"
 #include "KxDibWalk_p.h"
 
 #include <cstddef>
@@ -46,35 +46,49 @@ struct Block
     typedef Word Words __attribute__((vector_size(BlockBytes)));
     static constexpr std::size_t Length = BlockBytes / sizeof(Word);
     static constexpr Word comparedBits = static_cast<Word>(sizeof(Word) == 4 ? 0x00FFFFFFu : ~0u);
+    static constexpr std::uint32_t allBytes = BlockBytes == 32 ? 0xFFFFFFFFu : (1u << BlockBytes % 32) - 1;
 
-    /// Zero in the words that are the value.
-    static void load(Words &differences, const unsigned char *bytes, const Words &value)
+    /// A block of nothing but the value.
+    static Words valuesOf(std::uint32_t value) { return static_cast<Word>(value) - Words{}; }
+
+    /// How the words differ from the value; of walks to a different word, also in bits that are not compared.
+    template<StopAt stop>
+    static void load(Words &differences, const unsigned char *bytes, const Words &values)
     {
-        Words words;
-        std::memcpy(&words, bytes, BlockBytes);
-        differences = (words ^ value) & comparedBits;
+        std::memcpy(&differences, bytes, BlockBytes);
+        differences ^= values;
+        if constexpr (stop == StopAt::Equal)
+            differences &= comparedBits;
     }
 
-    static bool isZero(const Words &words)
+    /// Joins blocks, so that anyStops() answers for all of them.
+    template<StopAt stop>
+    static Words joined(const Words &one, const Words &other)
+    {
+        if constexpr (stop == StopAt::Different)
+            return one | other;
+        else
+            return one < other ? one : other;
+    }
+
+    template<StopAt stop>
+    static bool anyStops(const Words &differences)
     {
 #if defined(__AVX2__)
-        const auto bits = reinterpret_cast<__m256i>(words);
-        return _mm256_testz_si256(bits, bits) != 0;
-#elif defined(__SSE2__)
-        const auto bits = reinterpret_cast<__m128i>(words);
-        return _mm_movemask_epi8(_mm_cmpeq_epi8(bits, _mm_setzero_si128())) == 0xFFFF;
-#else
-        std::uint64_t halves[2];
-        std::memcpy(halves, &words, sizeof halves);
-        return (halves[0] | halves[1]) == 0;
+        if constexpr (stop == StopAt::Different) {
+            const Words compared = comparedBits - Words{};
+            return _mm256_testz_si256(reinterpret_cast<__m256i>(differences),
+                                      reinterpret_cast<__m256i>(compared)) == 0;
+        }
 #endif
+        return stopBits<stop>(differences) != 0;
     }
 
     /// A bit for each byte of a word that stops the walk.
     template<StopAt stop>
     static std::uint32_t stopBits(const Words &differences)
     {
-        const auto equal = differences == Words{};
+        const auto equal = (stop == StopAt::Equal ? differences : differences & comparedBits) == Words{};
 #if defined(__AVX2__)
         const auto bits = static_cast<std::uint32_t>(_mm256_movemask_epi8(reinterpret_cast<__m256i>(equal)));
 #elif defined(__SSE2__)
@@ -86,27 +100,7 @@ struct Block
         for (std::size_t i = 0; i < BlockBytes; ++i)
             bits |= (bytes[i] & 1u) << i;
 #endif
-        constexpr std::uint32_t all = BlockBytes == 32 ? 0xFFFFFFFFu : (1u << BlockBytes % 32) - 1;
-        return stop == StopAt::Equal ? bits : bits ^ all;
-    }
-
-    /// Collects blocks so that anyStops() answers for all of them.
-    template<StopAt stop>
-    static void collect(Words &differences, const Words &more)
-    {
-        if constexpr (stop == StopAt::Different)
-            differences |= more;
-        else
-            differences = differences < more ? differences : more;
-    }
-
-    template<StopAt stop>
-    static bool anyStops(const Words &differences)
-    {
-        if constexpr (stop == StopAt::Different)
-            return !isZero(differences);
-        else
-            return stopBits<stop>(differences) != 0;
+        return stop == StopAt::Equal ? bits : bits ^ allBytes;
     }
 
     static std::size_t firstOf(std::uint32_t bits)
@@ -118,93 +112,140 @@ struct Block
         return (31 - static_cast<std::size_t>(__builtin_clz(bits))) / sizeof(Word);
     }
 
+    /// By how many words an address lies behind the last one that blocks of the processor's begin at.
+    static std::size_t offsetOf(const unsigned char *bytes)
+    {
+        return reinterpret_cast<std::uintptr_t>(bytes) % BlockBytes / sizeof(Word);
+    }
+
     template<StopAt stop>
-    static bool stops(const unsigned char *bytes, Word value)
+    static bool stops(const unsigned char *bytes, std::uint32_t value)
     {
         Word word;
         std::memcpy(&word, bytes, sizeof word);
-        return (((word ^ value) & comparedBits) == 0) == (stop == StopAt::Equal);
+        return (((word ^ static_cast<Word>(value)) & comparedBits) == 0) == (stop == StopAt::Equal);
     }
 };
+
+/// The blocks that are looked at between two branches. An array in a loop GCC would keep in memory.
+template<class Word, StopAt stop>
+struct Group
+{
+    using B = Block<Word>;
+    static constexpr std::size_t Bytes = 4 * BlockBytes;
+    static constexpr std::size_t Length = 4 * B::Length;
+
+    typename B::Words blocks[4];
+
+    /// \return whether a word stops the walk
+    bool load(const unsigned char *bytes, const typename B::Words &values)
+    {
+        B::template load<stop>(blocks[0], bytes, values);
+        B::template load<stop>(blocks[1], bytes + BlockBytes, values);
+        B::template load<stop>(blocks[2], bytes + 2 * BlockBytes, values);
+        B::template load<stop>(blocks[3], bytes + 3 * BlockBytes, values);
+        const typename B::Words firstTwo = B::template joined<stop>(blocks[0], blocks[1]);
+        const typename B::Words lastTwo = B::template joined<stop>(blocks[2], blocks[3]);
+        return B::template anyStops<stop>(B::template joined<stop>(firstTwo, lastTwo));
+    }
+
+    std::uint32_t bits(std::size_t block) const { return B::template stopBits<stop>(blocks[block]); }
+
+    /// The first word that stops the walk; there has to be one.
+    std::size_t first() const
+    {
+        if (const auto stops = bits(0))
+            return B::firstOf(stops);
+        if (const auto stops = bits(1))
+            return B::Length + B::firstOf(stops);
+        if (const auto stops = bits(2))
+            return 2 * B::Length + B::firstOf(stops);
+        return 3 * B::Length + B::firstOf(bits(3));
+    }
+    std::size_t last() const
+    {
+        if (const auto stops = bits(3))
+            return 3 * B::Length + B::lastOf(stops);
+        if (const auto stops = bits(2))
+            return 2 * B::Length + B::lastOf(stops);
+        if (const auto stops = bits(1))
+            return B::Length + B::lastOf(stops);
+        return B::lastOf(bits(0));
+    }
+};
+
+// Walks begin with one block, as many are short, and go on with groups of blocks at the addresses where the
+// processor loads them fastest: some words are looked at twice. The same at the end of the row.
 
 template<class Word, StopAt stop>
 std::size_t runRightOf(const unsigned char *row, std::size_t count, std::uint32_t value)
 {
     using B = Block<Word>;
-    const typename B::Words values = static_cast<Word>(value) - typename B::Words{};
+    using G = Group<Word, stop>;
     std::size_t i = 0;
-    for (; count - i >= 4 * B::Length; i += 4 * B::Length) {
-        const unsigned char *bytes = row + i * sizeof(Word);
-        typename B::Words blocks[4];
-        B::load(blocks[0], bytes, values);
-        B::load(blocks[1], bytes + BlockBytes, values);
-        B::load(blocks[2], bytes + 2 * BlockBytes, values);
-        B::load(blocks[3], bytes + 3 * BlockBytes, values);
-        typename B::Words first = blocks[0];
-        typename B::Words second = blocks[2];
-        B::template collect<stop>(first, blocks[1]);
-        B::template collect<stop>(second, blocks[3]);
-        B::template collect<stop>(first, second);
-        if (B::template anyStops<stop>(first))
-            break;
+    if (count < B::Length) {
+        while (i < count && !B::template stops<stop>(row + i * sizeof(Word), value))
+            ++i;
+        return i;
     }
-    for (; count - i >= B::Length; i += B::Length) {
-        typename B::Words block;
-        B::load(block, row + i * sizeof(Word), values);
+    const typename B::Words values = B::valuesOf(value);
+    typename B::Words block;
+    B::template load<stop>(block, row, values);
+    if (const auto bits = B::template stopBits<stop>(block))
+        return B::firstOf(bits);
+    i = B::Length - B::offsetOf(row);
+    if (count >= G::Length) {
+        for (const std::size_t lastGroup = count - G::Length; i <= lastGroup; i += G::Length) {
+            G group;
+            if (group.load(row + i * sizeof(Word), values))
+                return i + group.first();
+        }
+    }
+    while (i < count) {
+        if (i > count - B::Length)
+            i = count - B::Length;
+        B::template load<stop>(block, row + i * sizeof(Word), values);
         if (const auto bits = B::template stopBits<stop>(block))
             return i + B::firstOf(bits);
+        i += B::Length;
     }
-    if (i < count && count >= B::Length) {
-        // The last block again, with words in front that are known not to stop.
-        typename B::Words block;
-        i = count - B::Length;
-        B::load(block, row + i * sizeof(Word), values);
-        const auto bits = B::template stopBits<stop>(block);
-        return bits ? i + B::firstOf(bits) : count;
-    }
-    while (i < count && !B::template stops<stop>(row + i * sizeof(Word), static_cast<Word>(value)))
-        ++i;
-    return i;
+    return count;
 }
 
 template<class Word, StopAt stop>
 std::size_t runLeftOf(const unsigned char *row, std::size_t count, std::uint32_t value)
 {
     using B = Block<Word>;
-    const typename B::Words values = static_cast<Word>(value) - typename B::Words{};
+    using G = Group<Word, stop>;
     std::size_t left = count;
-    for (; left >= 4 * B::Length; left -= 4 * B::Length) {
+    if (count < B::Length) {
+        while (left > 0 && !B::template stops<stop>(row + (left - 1) * sizeof(Word), value))
+            --left;
+        return count - left;
+    }
+    const typename B::Words values = B::valuesOf(value);
+    typename B::Words block;
+    B::template load<stop>(block, row + (count - B::Length) * sizeof(Word), values);
+    if (const auto bits = B::template stopBits<stop>(block))
+        return B::Length - 1 - B::lastOf(bits);
+    const std::size_t offset = B::offsetOf(row + count * sizeof(Word));
+    left -= offset != 0 ? offset : B::Length;
+    for (; left >= G::Length; left -= G::Length) {
         const unsigned char *bytes = row + left * sizeof(Word);
         askFor(bytes);
-        typename B::Words blocks[4];
-        B::load(blocks[0], bytes - BlockBytes, values);
-        B::load(blocks[1], bytes - 2 * BlockBytes, values);
-        B::load(blocks[2], bytes - 3 * BlockBytes, values);
-        B::load(blocks[3], bytes - 4 * BlockBytes, values);
-        typename B::Words first = blocks[0];
-        typename B::Words second = blocks[2];
-        B::template collect<stop>(first, blocks[1]);
-        B::template collect<stop>(second, blocks[3]);
-        B::template collect<stop>(first, second);
-        if (B::template anyStops<stop>(first))
-            break;
+        G group;
+        if (group.load(bytes - G::Bytes, values))
+            return count - 1 - (left - G::Length + group.last());
     }
-    for (; left >= B::Length; left -= B::Length) {
-        typename B::Words block;
-        B::load(block, row + (left - B::Length) * sizeof(Word), values);
+    while (left > 0) {
+        if (left < B::Length)
+            left = B::Length;
+        B::template load<stop>(block, row + (left - B::Length) * sizeof(Word), values);
         if (const auto bits = B::template stopBits<stop>(block))
-            return count - (left - B::Length + B::lastOf(bits) + 1);
+            return count - 1 - (left - B::Length + B::lastOf(bits));
+        left -= B::Length;
     }
-    if (left > 0 && count >= B::Length) {
-        // The first block again, with words behind that are known not to stop.
-        typename B::Words block;
-        B::load(block, row, values);
-        const auto bits = B::template stopBits<stop>(block);
-        return bits ? count - (B::lastOf(bits) + 1) : count;
-    }
-    while (left > 0 && !B::template stops<stop>(row + (left - 1) * sizeof(Word), static_cast<Word>(value)))
-        --left;
-    return count - left;
+    return count;
 }
 
 template<class Word>

@@ -5,6 +5,13 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace KxDibRow {
+
+/// Where a walk along the row stops.
+enum class StopAt { Equal, Different };
+
+} // namespace KxDibRow
+
 /// The walk over words of a length, for one kind of processor.
 struct KxDibWalk
 {

@@ -16,7 +16,7 @@
 /// Data is exchanged as blocks of global memory under registered formats:
 ///
 /// \code
-/// const UINT format = RegisterClipboardFormatW(L"application/x-strokes");
+/// const auto format = static_cast<CLIPFORMAT>(RegisterClipboardFormatW(L"application/x-strokes"));
 /// CSharedFile file;
 /// file.Write(bytes, size);
 /// COleDataSource().CacheGlobalData(format, file.Detach());
@@ -48,9 +48,9 @@ public:
     /// See COleDataObject::GetNextFormat().
     BOOL getNextFormat(tagFORMATETC *lpFormatEtc);
     /// See COleDataObject::IsDataAvailable().
-    BOOL isDataAvailable(CLIPFORMAT cfFormat, tagFORMATETC *lpFormatEtc = nullptr) const;
+    BOOL isDataAvailable(CLIPFORMAT cfFormat, tagFORMATETC *lpFormatEtc = nullptr);
     /// See COleDataObject::GetGlobalData().
-    HGLOBAL getGlobalData(CLIPFORMAT cfFormat, tagFORMATETC *lpFormatEtc = nullptr) const;
+    HGLOBAL getGlobalData(CLIPFORMAT cfFormat, tagFORMATETC *lpFormatEtc = nullptr);
 
 protected:
     int m_nEnumIndex;   ///< The position of the enumeration, -1 before the first format.
@@ -92,7 +92,9 @@ class KX_EXPORT COleDataSource
 {
 public:
     /// Puts a block under a registered format; the clipboard owns it from now on, and frees the one that it takes the
-    /// place of. For a number that RegisterClipboardFormatW() did not give, a null block and the format
+    /// place of, unless that is the same or stands under another format too. Null empties the format.
+    ///
+    /// For a number that RegisterClipboardFormatW() did not give, for an empty name, and for the format
     /// "text/uri-list", of which Qt keeps no bytes, nothing is stored and the block stays the caller's.
     void CacheGlobalData(UINT cfFormat, HGLOBAL hGlobal);
 };

@@ -120,12 +120,12 @@ BOOL KxPlatformClipboard::getNextFormat(tagFORMATETC *lpFormatEtc)
     return TRUE;
 }
 
-BOOL KxPlatformClipboard::isDataAvailable(CLIPFORMAT cfFormat, tagFORMATETC *) const
+BOOL KxPlatformClipboard::isDataAvailable(CLIPFORMAT cfFormat, tagFORMATETC *)
 {
     return getGlobalData(cfFormat) != nullptr;
 }
 
-HGLOBAL KxPlatformClipboard::getGlobalData(CLIPFORMAT cfFormat, tagFORMATETC *) const
+HGLOBAL KxPlatformClipboard::getGlobalData(CLIPFORMAT cfFormat, tagFORMATETC *)
 {
     const auto entry = g_mapCF.find(cfFormat);
     return m_pData && entry != g_mapCF.end() ? blockUnder(*m_pData, toQString(entry->second)) : nullptr;
@@ -173,10 +173,10 @@ void COleDataSource::CacheGlobalData(UINT cfFormat, HGLOBAL hGlobal)
     const QString name = toQString(g_mapCF[static_cast<int>(cfFormat)]);
     // Of a list of addresses QMimeData keeps the addresses, not the bytes.
     const bool isList = name == QLatin1String("text/uri-list");
-    if (name.isEmpty() || isList || !hGlobal || !g_tnorClipboardData.hasFormat(name))
+    if (name.isEmpty() || isList || !g_tnorClipboardData.hasFormat(name))
         return;
     if (blockUnder(g_tnorClipboardData, name) == hGlobal)
-        return;
+        return; // Freed as the earlier one, it would be lost.
     discardBlock(name);
     setBlock(name, hGlobal);
 }

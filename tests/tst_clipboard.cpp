@@ -8,7 +8,9 @@
 #include <afxole.h>
 
 #include <climits>
+#include <cstddef>
 #include <cstdlib>
+#include <cstring>
 #include <functional>
 #include <limits>
 #include <string>
@@ -81,7 +83,10 @@ private slots:
     void emptyName();
     void nameOffTheData();
     void nullBlock();
-    void nullBlockLeavesTheEarlier();
+    void nullBlockFreesTheEarlier_data();
+    void nullBlockFreesTheEarlier();
+    void nullBlockLeavesASharedOne();
+    void nullBlockOfNoFormat();
     void uriList();
 };
 
@@ -118,8 +123,35 @@ void tst_Clipboard::layout_data()
     row("g_iCFIndex is an int", std::is_same_v<decltype(g_iCFIndex), int>, 1);
     row("a registered number has 32 bits, unsigned",
         std::is_same_v<decltype(RegisterClipboardFormatW(L"")), unsigned int>, 1);
+    using AskData = BOOL (KxPlatformClipboard::*)(CLIPFORMAT, tagFORMATETC *);
+    using TakeData = HGLOBAL (KxPlatformClipboard::*)(CLIPFORMAT, tagFORMATETC *);
+    row("isDataAvailable is not const",
+        std::is_same_v<decltype(&KxPlatformClipboard::isDataAvailable), AskData>, 1);
+    row("getGlobalData is not const",
+        std::is_same_v<decltype(&KxPlatformClipboard::getGlobalData), TakeData>, 1);
     row("a format is told in 16 bits", sizeof(TOCLIPFORMAT(0)), 2);
     row("a format in a record has 16 bits", sizeof(tagFORMATETC::cfFormat), 2);
+    row("tagFORMATETC::cfFormat at 0", offsetof(tagFORMATETC, cfFormat), 0);
+    row("tagFORMATETC::ptd at 8", offsetof(tagFORMATETC, ptd), 8);
+    row("tagFORMATETC::dwAspect at 16", offsetof(tagFORMATETC, dwAspect), 16);
+    row("tagFORMATETC::lindex at 20", offsetof(tagFORMATETC, lindex), 20);
+    row("tagFORMATETC::tymed at 24", offsetof(tagFORMATETC, tymed), 24);
+    row("tagFORMATETC has 32 bytes", sizeof(tagFORMATETC), 32);
+    row("FORMATETC is tagFORMATETC", std::is_same_v<FORMATETC, tagFORMATETC>, 1);
+    row("LPFORMATETC points at one", std::is_same_v<LPFORMATETC, tagFORMATETC *>, 1);
+    row("lindex has a sign", std::is_signed_v<decltype(tagFORMATETC::lindex)>, 1);
+    row("DVASPECT_CONTENT", DVASPECT_CONTENT, 1);
+    row("DVASPECT_THUMBNAIL", DVASPECT_THUMBNAIL, 2);
+    row("DVASPECT_ICON", DVASPECT_ICON, 4);
+    row("DVASPECT_DOCPRINT", DVASPECT_DOCPRINT, 8);
+    row("TYMED_NULL", TYMED_NULL, 0);
+    row("TYMED_HGLOBAL", TYMED_HGLOBAL, 1);
+    row("TYMED_FILE", TYMED_FILE, 2);
+    row("TYMED_ISTREAM", TYMED_ISTREAM, 4);
+    row("TYMED_ISTORAGE", TYMED_ISTORAGE, 8);
+    row("TYMED_GDI", TYMED_GDI, 16);
+    row("TYMED_MFPICT", TYMED_MFPICT, 32);
+    row("TYMED_ENHMF", TYMED_ENHMF, 64);
 }
 
 void tst_Clipboard::layout()
@@ -547,16 +579,90 @@ void tst_Clipboard::nullBlock()
     QVERIFY(g_tnorClipboardData.data(mimeNameOf(format)).isEmpty());
 }
 
-void tst_Clipboard::nullBlockLeavesTheEarlier()
+void tst_Clipboard::nullBlockFreesTheEarlier_data()
 {
+    QTest::addColumn<BlockMaker>("make");
+    QTest::addColumn<QByteArray>("freed");
+
+    QTest::newRow("a movable block")
+        << BlockMaker([](char c) { return kxMovableBlock(c, "there"); }) << QByteArray("aA");
+    QTest::newRow("a movable block without bytes")
+        << BlockMaker([](char c) { return kxMovableBlock(c, ""); }) << QByteArray("A");
+    QTest::newRow("a shared file's contents")
+        << BlockMaker([](char c) { return detached(c, "there"); }) << QByteArray("aA");
+    QTest::newRow("a record from malloc()") << BlockMaker(foreignRecord) << QByteArray("aA");
+    QTest::newRow("a fixed block")
+        << BlockMaker([](char c) { return kxFixedBlock(c, "there"); }) << QByteArray("A");
+}
+
+void tst_Clipboard::nullBlockFreesTheEarlier()
+{
+    QFETCH(BlockMaker, make);
+    QFETCH(QByteArray, freed);
+    const UINT other = freshFormat();
     const UINT format = freshFormat();
-    HGLOBAL block = kxMovableBlock('A', "there");
-    cache(format, block);
-    cache(format, nullptr);
+    HGLOBAL kept = kxMovableBlock('K', "kept");
+    cache(other, kept);
+    cache(format, make('A'));
+    QVERIFY(isAvailable(format));
+    for (int i = 0; i < 2; ++i) {
+        cache(format, nullptr);
+        QCOMPARE(KxFreeLog::take(), i == 0 ? freed : QByteArray());
+        QVERIFY(!isAvailable(format));
+        QVERIFY(cached(format) == nullptr);
+        QCOMPARE(g_mapCF.count(int(format)), std::size_t(1));
+        QVERIFY(g_tnorClipboardData.hasFormat(mimeNameOf(format)));
+        QVERIFY(g_tnorClipboardData.data(mimeNameOf(format)).isEmpty());
+    }
+    QVERIFY2(cached(other) == kept, "another format keeps its own");
+
+    COleDataObject data;
+    data.BeginEnumFormats();
+    bool told = false;
+    tagFORMATETC record = {};
+    while (data.GetNextFormat(&record))
+        told = told || record.cfFormat == cf(format);
+    QVERIFY2(told, "it is still a format");
+
+    HGLOBAL next = kxMovableBlock('N', "next");
+    cache(format, next);
     QCOMPARE(KxFreeLog::take(), QByteArray());
     QVERIFY(isAvailable(format));
-    QVERIFY(cached(format) == block);
-    QCOMPARE(kxContentsOf(block), QByteArray("there"));
+    QVERIFY(cached(format) == next);
+    QCOMPARE(kxContentsOf(next), QByteArray("next"));
+}
+
+void tst_Clipboard::nullBlockLeavesASharedOne()
+{
+    const UINT one = freshFormat();
+    const UINT two = freshFormat();
+    HGLOBAL both = kxMovableBlock('A', "both");
+    cache(one, both);
+    cache(two, both);
+    cache(one, nullptr);
+    QCOMPARE(KxFreeLog::take(), QByteArray());
+    QVERIFY(!isAvailable(one));
+    QVERIFY(cached(two) == both);
+    QCOMPARE(kxContentsOf(both), QByteArray("both"));
+    cache(two, nullptr);
+    QCOMPARE(KxFreeLog::take(), QByteArray("aA"));
+    QVERIFY(!isAvailable(two));
+}
+
+void tst_Clipboard::nullBlockOfNoFormat()
+{
+    const QStringList formats = g_tnorClipboardData.formats();
+    const int next = g_iCFIndex;
+    QCOMPARE(g_mapCF.count(3000), std::size_t(0));
+    cache(3000, nullptr);
+    QCOMPARE(KxFreeLog::take(), QByteArray());
+    QCOMPARE(g_tnorClipboardData.formats(), formats);
+    QCOMPARE(g_iCFIndex, next);
+    QVERIFY2(g_mapCF.count(3000) == 1, "an empty name under the number, as for a block");
+    QVERIFY(g_mapCF.at(3000).IsEmpty());
+    QVERIFY(!isAvailable(3000));
+    QVERIFY(cached(3000) == nullptr);
+    g_mapCF.erase(3000);
 }
 
 void tst_Clipboard::uriList()

@@ -646,6 +646,32 @@ const Part exitParts[] = {
          tellData(one());
      },
      "no:null", ""},
+    {"a null block in the place of one",
+     [] {
+         cache(one(), kxMovableBlock('A'));
+         cache(one(), nullptr);
+         attach();
+         tellData(one());
+         tell("freed:" + KxFreeLog::take().toStdString());
+     },
+     "no:null freed:aA", ""},
+    {"a block whose number is forgotten",
+     [] {
+         cache(one(), kxMovableBlock('A'));
+         cache(two(), kxFixedBlock('B'));
+         attach();
+         g_mapCF.clear();
+         tellData(3456);
+     },
+     "no:null", "AaB"},
+    {"a block whose number has another name",
+     [] {
+         cache(one(), kxMovableBlock('A'));
+         attach();
+         g_mapCF[3456] = L"application/x-other";
+         tellData(3456);
+     },
+     "no:null", "Aa"},
     {"what is not stored stays the caller's",
      [] {
          HGLOBAL block = kxMovableBlock('A', "mine");

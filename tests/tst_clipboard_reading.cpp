@@ -60,6 +60,7 @@ private slots:
     void recordOfAFormat();
     void recordOfAHole();
     void recordAtTheEnd();
+    void noRecord();
     void positions();
 
     void readerOfItsOwn();
@@ -315,6 +316,36 @@ void tst_ClipboardReading::recordAtTheEnd()
     for (int i = 0; i < 5; ++i) {
         QVERIFY(!data.GetNextFormat(&record));
         QVERIFY2(std::memcmp(before, &record, sizeof record) == 0, "it is left alone");
+    }
+}
+
+void tst_ClipboardReading::noRecord()
+{
+    freshFormat();
+    freshFormat();
+    COleDataObject data;
+    tagFORMATETC record = {};
+    const QList<int> expected = expectedFormats();
+    // Without a record up to a position, and with one from there on.
+    for (int start = 0; start <= expected.size(); ++start) {
+        data.BeginEnumFormats();
+        for (int i = 0; i < start; ++i)
+            QVERIFY(data.GetNextFormat(nullptr));
+        QCOMPARE(enumerated(data), expected.mid(start));
+    }
+    data.BeginEnumFormats();
+    int count = 0;
+    while (count < 1000 && data.GetNextFormat(nullptr))
+        ++count;
+    QCOMPARE(count, expected.size());
+    QVERIFY(!data.GetNextFormat(nullptr));
+    QVERIFY2(!data.GetNextFormat(&record), "it counted on");
+
+    Reader reader;
+    for (int i = 0; i < 4; ++i) {
+        QVERIFY(reader.getNextFormat(nullptr));
+        QCOMPARE(reader.m_nEnumIndex, i);
+        QCOMPARE(reader.m_nEnumFormat, i < 2 ? 3455 : 3454 + i);
     }
 }
 

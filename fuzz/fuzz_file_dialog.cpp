@@ -9,11 +9,13 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QFileDialog>
 
+#include <algorithm>
 #include <clocale>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cwchar>
 #include <string>
 #include <vector>
 
@@ -298,7 +300,8 @@ void takePath(const Dialog &dialog, long long position, const Texts &paths)
     POSITION pos = positionOf(position);
     const Text path = textOf(dialog.GetNextPathName(pos));
     require("the path", path, isOne ? returned(paths[std::size_t(count - position)]) : Text());
-    require("the position", reinterpret_cast<long long>(pos), isOne ? position - 1 : position);
+    const long long behind = isOne ? position - 1 : paths.empty() ? position : 0;
+    require("the position", reinterpret_cast<long long>(pos), behind);
 }
 
 void chooseFiles(const Lines &lines, bool open)

@@ -42,16 +42,19 @@ public:
 ///
 /// - `lpstrTitle`: the title;
 /// - `lpstrInitialDir`: the directory, with `/` or `\`; when the part behind the last of them has a dot, it is a
-///   file's name and is dropped. Empty is the root of the file system: give one;
+///   file's name and is dropped: end a directory whose name has a dot with a slash. Empty is the root of the file
+///   system: give one;
 /// - `lpstrFilter`: filters as Qt writes them, `Drawing (*.dwg);;All (*.*)`, not Win32's pairs with zeros between
 ///   them. A dialog to open shows the part in the first parentheses only, `*.dwg`;
-/// - `lpstrFile`: the name that is selected at first. Nothing is written there;
+/// - `lpstrFile`: the name that is selected at first; in a dialog to save, Qt gives it the extension of the active
+///   filter. Nothing is written there;
 /// - `nFilterIndex`: which filter is active, from 1; for 0 and beyond the last it is the first. It gets the number
 ///   of the filter that was active in the end, 0 when the dialog shows it otherwise than it was written (Qt takes
 ///   needless blanks out).
 ///
 /// \code
 /// KxQtFileDialog dialog(TRUE, nullptr, nullptr, 0, nullptr, nullptr, 0, FALSE);
+/// dialog.GetOFN()->lpstrInitialDir = L"/home/plots/";
 /// dialog.GetOFN()->lpstrFilter = L"Slides (*.svf);;All (*.*)";
 /// if (dialog.DoModal() == IDOK) {
 ///     POSITION pos = dialog.GetStartPosition();
@@ -59,11 +62,15 @@ public:
 ///         Open(dialog.GetNextPathName(pos));
 /// }
 /// \endcode
+///
+/// Its labels are the texts "File Format:" and "Cancel ", with the blank, translated in the context
+/// "KxQtFileDialog".
 class KX_EXPORT KxQtFileDialog
 {
 public:
     /// `bOpenFileDialog`: whether to open one or more existing files or to save one. `pParentWnd` is not a window
-    /// object but the address of a QWidget that outlives every DoModal(), or null. The other arguments change nothing; the record says it all.
+    /// object but the address of a QWidget that outlives every DoModal(), or null. The other arguments change nothing;
+    /// the record says it all.
     explicit KxQtFileDialog(BOOL bOpenFileDialog, const wchar_t *lpszDefExt = nullptr,
                             const wchar_t *lpszFileName = nullptr,
                             DWORD dwFlags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
@@ -79,16 +86,18 @@ public:
     /// The record, to be filled before DoModal(). Belongs to this object.
     OPENFILENAMEW *GetOFN() { return &m_ofn; }
 
-    /// Runs the dialog, which is modal for the application. \return 1 (IDOK) when files were chosen, otherwise 2 (IDCANCEL)
+    /// Runs the dialog, which is modal for the application.
+    /// \return 1 (IDOK) when files were chosen, otherwise 2 (IDCANCEL)
     INT_PTR DoModal();
 
     /// Where GetNextPathName() starts; null when nothing was chosen.
     POSITION GetStartPosition() const;
-    /// The path of one chosen file after the other. Moves `pos` on, which is null behind the last. An empty text, and
-    /// `pos` unchanged, for a position that is none.
+    /// The path of one chosen file after the other. Moves `pos` on, which is null behind the last. For a position that
+    /// is none an empty text, and null in `pos`; where nothing was chosen, `pos` stays.
     ///
-    /// While a filter of `*.svf` or `*.scr` was active, a name without that extension gets it, here and in
-    /// GetPathName(); no other filter does this.
+    /// While a filter of bare `*.svf` or `*.scr` was active, a name without that extension gets it, here and in
+    /// GetPathName(); so does one that was opened, which may not exist then. Other filters do nothing of the kind,
+    /// not `Slides (*.svf)` of a dialog to save either.
     CString GetNextPathName(POSITION &pos) const;
     /// Fills what the next three give, and `nFilterIndex`; DoModal() does it. The name is spelled so.
     void PraseFileInfo();

@@ -9,11 +9,6 @@
 
 namespace {
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("KxQtFileDialog", text);
-}
-
 // The bare patterns of a filter. That one index is 0 means something else than that there is none.
 QString patternsOf(const QString &filter)
 {
@@ -97,8 +92,10 @@ void KxQtFileDialog::makeDialog()
     m_dialog->setFileMode(static_cast<QFileDialog::FileMode>(m_attri.fileMode));
     m_dialog->setNameFilters(m_attri.nameFilters);
     m_dialog->selectNameFilter(m_attri.selectedFilter);
-    m_dialog->setLabelText(QFileDialog::FileType, translated("File Format:"));
-    m_dialog->setLabelText(QFileDialog::Reject, translated("Cancel "));
+    // As lupdate finds them.
+    m_dialog->setLabelText(QFileDialog::FileType,
+                           QCoreApplication::translate("KxQtFileDialog", "File Format:"));
+    m_dialog->setLabelText(QFileDialog::Reject, QCoreApplication::translate("KxQtFileDialog", "Cancel "));
     m_dialog->setFixedSize(600, 400);
 }
 
@@ -126,8 +123,12 @@ POSITION KxQtFileDialog::GetStartPosition() const
 CString KxQtFileDialog::GetNextPathName(POSITION &pos) const
 {
     const auto left = reinterpret_cast<LONGLONG>(pos);
-    if (left < 1 || left > m_selectedFiles.size())
+    if (m_selectedFiles.isEmpty())
         return CString();
+    if (left < 1 || left > m_selectedFiles.size()) {
+        pos = nullptr;
+        return CString();
+    }
     pos = reinterpret_cast<POSITION>(left - 1);
     return toCString(completed(m_selectedFiles.at(m_selectedFiles.size() - static_cast<int>(left))));
 }

@@ -115,8 +115,12 @@ class tst_FileDialog : public KxTestCase
     Q_OBJECT
 
 private slots:
+    void initTestCase();
+
     void layout_data();
     void layout();
+    void flags_data();
+    void flags() { layout(); }
     void tables();
 
     void acceptMode_data();
@@ -127,6 +131,8 @@ private slots:
     void nameFilters();
     void initialName_data();
     void initialName();
+    void nameAndFilters_data();
+    void nameAndFilters();
     void nothingElseIsSet_data();
     void nothingElseIsSet();
     void ignoredArguments_data();
@@ -150,6 +156,12 @@ private:
     }
 };
 
+/// The rows work on Qt's own widgets, which a desktop's dialog would take the place of.
+void tst_FileDialog::initTestCase()
+{
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+}
+
 void tst_FileDialog::layout_data()
 {
     QTest::addColumn<int>("found");
@@ -170,6 +182,42 @@ void tst_FileDialog::layout()
     QFETCH(int, found);
     QFETCH(int, expected);
     QCOMPARE(found, expected);
+}
+
+void tst_FileDialog::flags_data()
+{
+    QTest::addColumn<int>("found");
+    QTest::addColumn<int>("expected");
+
+#define ROW(name, value) QTest::newRow(#name) << int(name) << int(value)
+    ROW(OFN_READONLY, 0x1);
+    ROW(OFN_OVERWRITEPROMPT, 0x2);
+    ROW(OFN_HIDEREADONLY, 0x4);
+    ROW(OFN_NOCHANGEDIR, 0x8);
+    ROW(OFN_SHOWHELP, 0x10);
+    ROW(OFN_ENABLEHOOK, 0x20);
+    ROW(OFN_ENABLETEMPLATE, 0x40);
+    ROW(OFN_ENABLETEMPLATEHANDLE, 0x80);
+    ROW(OFN_NOVALIDATE, 0x100);
+    ROW(OFN_ALLOWMULTISELECT, 0x200);
+    ROW(OFN_EXTENSIONDIFFERENT, 0x400);
+    ROW(OFN_PATHMUSTEXIST, 0x800);
+    ROW(OFN_FILEMUSTEXIST, 0x1000);
+    ROW(OFN_CREATEPROMPT, 0x2000);
+    ROW(OFN_SHAREAWARE, 0x4000);
+    ROW(OFN_NOREADONLYRETURN, 0x8000);
+    ROW(OFN_NOTESTFILECREATE, 0x10000);
+    ROW(OFN_NONETWORKBUTTON, 0x20000);
+    ROW(OFN_NOLONGNAMES, 0x40000);
+    ROW(OFN_EXPLORER, 0x80000);
+    ROW(OFN_NODEREFERENCELINKS, 0x100000);
+    ROW(OFN_LONGNAMES, 0x200000);
+    ROW(OFN_ENABLEINCLUDENOTIFY, 0x400000);
+    ROW(OFN_ENABLESIZING, 0x800000);
+    ROW(OFN_DONTADDTORECENT, 0x2000000);
+    ROW(OFN_FORCESHOWHIDDEN, 0x10000000);
+    ROW(OFN_EX_NOPLACESBAR, 0x1);
+#undef ROW
 }
 
 void tst_FileDialog::tables()
@@ -347,6 +395,34 @@ void tst_FileDialog::initialName()
     }
 }
 
+void tst_FileDialog::nameAndFilters_data()
+{
+    QTest::addColumn<bool>("open");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("filters");
+
+    const auto row = [](const char *promise, bool open, const char *name, const char *filters) {
+        QTest::newRow(promise) << open << QString::fromUtf8(name) << QString::fromUtf8(filters);
+    };
+    row("save: plan.dxf stays with *.dwg", false, "plan.dxf", "Drawings (*.dwg)|*.dwg|All (*.*)|*.*||");
+    row("save: plan.dxf stays with *.dwg alone", false, "plan.dxf", "Drawings (*.dwg)");
+    row("save: plan.dxf stays with *.svf and *.dwg", false, "plan.dxf", "S (*.svf)|*.svf|D (*.dwg)|*.dwg");
+    row("save: plan stays with *.dwg", false, "plan", "Drawings (*.dwg)|*.dwg||");
+    row("open: plan.dxf stays with *.dwg", true, "plan.dxf", "Drawings (*.dwg)|*.dwg||");
+}
+
+/// A QFileDialog to save gives the name in its field the extension of each filter that becomes active: the
+/// name comes after the filters.
+void tst_FileDialog::nameAndFilters()
+{
+    QFETCH(bool, open);
+    QFETCH(QString, name);
+    QFETCH(QString, filters);
+    const CFileDialog dialog(open, L".dwg", wide(name).c_str(), 0, wide(filters).c_str());
+    QVERIFY(onlyDialog());
+    QCOMPARE(nameEditOf(*onlyDialog()).text(), name);
+}
+
 void tst_FileDialog::nothingElseIsSet_data()
 {
     QTest::addColumn<bool>("open");
@@ -432,6 +508,14 @@ void tst_FileDialog::parent_data()
         const CFileDialog dialog(TRUE, nullptr, nullptr, 0, nullptr, &unbound);
         QVERIFY(onlyDialog());
         QVERIFY(!onlyDialog()->parent());
+    });
+    QTest::newRow("an address below 4096 is no window object: no parent") << Promise([] {
+        for (const quintptr address : {1, 8, 4095}) {
+            CFileDialog dialog(TRUE, nullptr, nullptr, 0, nullptr, reinterpret_cast<CWnd *>(address));
+            QVERIFY(onlyDialog());
+            QVERIFY(!onlyDialog()->parent());
+            QCOMPARE(doModal(dialog, pressEscape), INT_PTR(0));
+        }
     });
     QTest::newRow("the window object is asked through GetSafeHwnd") << Promise([] {
         QWidget other;

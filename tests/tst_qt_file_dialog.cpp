@@ -15,6 +15,7 @@
 #include <QtWidgets/QLabel>
 
 #include <cstddef>
+#include <cstring>
 #include <memory>
 #include <type_traits>
 
@@ -124,6 +125,8 @@ private slots:
     void directoryLeftToQt();
     void nullText_data();
     void nullText() { runPromise(); }
+    void shownName_data();
+    void shownName();
     void settings_data();
     void settings() { runPromise(); }
 
@@ -364,6 +367,13 @@ void tst_QtFileDialog::emptiedRecord_data()
                              record.lpTemplateName}) {
             QVERIFY(text == record.lpstrFilter);
         }
+    });
+    QTest::newRow("all dialogs share the empty text") << Promise([] {
+        OpenedFields one(TRUE);
+        OpenedFields two(FALSE, L"dwg", L"name", 0, L"A (*.a)");
+        const LPCWSTR ofOne = one.GetOFN()->lpstrFilter;
+        const LPCWSTR ofTwo = two.GetOFN()->lpstrFilter;
+        QVERIFY(ofOne == ofTwo);
     });
     QTest::newRow("initOpenFileName empties nine fields and leaves the others") << Promise([] {
         OpenedFields dialog(TRUE);
@@ -655,6 +665,60 @@ void tst_QtFileDialog::nullText_data()
     });
 }
 
+void tst_QtFileDialog::shownName_data()
+{
+    QTest::addColumn<bool>("open");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("filters");
+    QTest::addColumn<uint>("index");
+    QTest::addColumn<QString>("expected");
+
+    const auto row = [](const char *promise, bool open, const char *file, const char *filters, uint index,
+                        const char *expected) {
+        QTest::newRow(promise) << open << QString::fromUtf8(file) << QString::fromUtf8(filters) << index
+                               << QString::fromUtf8(expected);
+    };
+    const char *const two = "Slides (*.svf);;Drawing (*.dwg)";
+    row("save: plan.dwg becomes plan.svf", false, "plan.dwg", "Slides (*.svf)", 0, "plan.svf");
+    row("save: plan.dwg becomes plan.svf of the first filter", false, "plan.dwg", two, 1, "plan.svf");
+    row("save: plan.dxf becomes plan.dwg of the second filter", false, "plan.dxf", two, 2, "plan.dwg");
+    row("save: plan.dxf becomes plan.svf before All (*) leaves it", false, "plan.dxf",
+        "Slides (*.svf);;All (*)", 2, "plan.svf");
+    row("save: All (*) alone leaves plan.dwg", false, "plan.dwg", "All (*)", 0, "plan.dwg");
+    row("save: plan.dwg becomes plan.* with All (*.*)", false, "plan.dwg", "All (*.*)", 0, "plan.*");
+    row("save: plan stays", false, "plan", "Slides (*.svf)", 0, "plan");
+    row("open: plan.dwg stays", true, "plan.dwg", "Slides (*.svf)", 0, "plan.dwg");
+    row("open: plan.dwg stays with the second filter", true, "plan.dwg", two, 2, "plan.dwg");
+}
+
+/// A QFileDialog to save gives the name in its field the extension of each filter that becomes active: the
+/// name is there before the filters.
+void tst_QtFileDialog::shownName()
+{
+    QFETCH(bool, open);
+    QFETCH(QString, file);
+    QFETCH(QString, filters);
+    QFETCH(uint, index);
+    QFETCH(QString, expected);
+    Dialog dialog(open);
+    dialog.setFile(wide(file));
+    dialog.setFilters(wide(filters));
+    dialog.GetOFN()->nFilterIndex = index;
+    QString shown;
+    dialog.run(lookAndCancel([&shown](QFileDialog &run) { shown = nameEditOf(run).text(); }));
+
+    QFileDialog bare;
+    bare.setOption(QFileDialog::DontUseNativeDialog);
+    bare.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    bare.selectFile(file);
+    bare.setFileMode(open ? QFileDialog::ExistingFiles : QFileDialog::AnyFile);
+    bare.setNameFilters(dialog.m_attri.nameFilters);
+    bare.selectNameFilter(dialog.m_attri.selectedFilter);
+    QCOMPARE(nameEditOf(bare).text(), expected);
+    QCOMPARE(shown, expected);
+    QCOMPARE(dialog.m_attri.selectFile, file);
+}
+
 void tst_QtFileDialog::settings_data()
 {
     QTest::addColumn<Promise>("promise");
@@ -813,6 +877,18 @@ void tst_QtFileDialog::settings_data()
         }));
         QCOMPARE(shows.paths, QStringList({sandbox.path()}));
     });
+    QTest::newRow("it is made in lpstrInitialDir, and appears there") << Promise([] {
+        const Sandbox sandbox;
+        QVERIFY(QDir().mkdir(QStringLiteral("last")) && QDir().mkdir(QStringLiteral("given")));
+        for (const bool open : {true, false}) {
+            QFileDialog().setDirectory(sandbox.path(QStringLiteral("last")));
+            Dialog dialog(open);
+            dialog.setDirectory(sandbox.widePath(QStringLiteral("given")));
+            DirectoryAtShow shows;
+            dialog.run(pressEscape);
+            QCOMPARE(shows.paths, QStringList({sandbox.path(QStringLiteral("given"))}));
+        }
+    });
     QTest::newRow("the parent widget") << Promise([] {
         QWidget widget;
         widget.show();
@@ -824,6 +900,16 @@ void tst_QtFileDialog::settings_data()
             QVERIFY(run.isWindow());
         }));
         QCOMPARE(blocks.count, 1);
+    });
+    QTest::newRow("hwndOwner is no parent widget") << Promise([] {
+        QWidget owner;
+        QWidget widget;
+        for (QWidget *parent : {static_cast<QWidget *>(nullptr), &widget}) {
+            OpenedFields dialog(TRUE, nullptr, nullptr, 0, nullptr, reinterpret_cast<CWnd *>(parent));
+            dialog.setFile(std::wstring());
+            dialog.GetOFN()->hwndOwner = KxHwndFromWidget(&owner);
+            dialog.run(lookAndCancel([parent](QFileDialog &run) { QCOMPARE(run.parentWidget(), parent); }));
+        }
     });
     QTest::newRow("no parent widget") << Promise([] {
         Dialog dialog(true);

@@ -12,10 +12,14 @@
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialogButtonBox>
 
+#include <cstring>
+#include <limits>
 #include <memory>
 
 using Promise = void (*)();
+using FillRecord = std::function<void(OPENFILENAMEW &)>;
 Q_DECLARE_METATYPE(Promise)
+Q_DECLARE_METATYPE(FillRecord)
 
 namespace {
 
@@ -99,6 +103,19 @@ FileDialogStep chooseWithSecondFilter(const QString &name)
     };
 }
 
+/// What a run shows, as one text.
+QString shownBy(QFileDialog &run)
+{
+    const auto number = [](int value) { return QString::number(value); };
+    return QStringList({number(run.acceptMode()), number(run.fileMode()), run.defaultSuffix(),
+                        run.nameFilters().join(QLatin1Char(',')), run.selectedNameFilter(),
+                        number(run.options()), number(int(run.windowFlags())), number(!run.parent()),
+                        run.windowTitle(), run.directory().path(), nameEditOf(run).text(),
+                        number(int(run.filter())), run.labelText(QFileDialog::FileType),
+                        run.labelText(QFileDialog::Accept), run.labelText(QFileDialog::Reject)})
+        .join(QLatin1Char('|'));
+}
+
 const wchar_t *const slides = L"Slides (*.svf);;All (*.*)";
 
 } // namespace
@@ -119,6 +136,8 @@ private slots:
     void outsidePosition_data();
     void outsidePosition();
 
+    void unreadFields_data();
+    void unreadFields();
     void returnCode_data();
     void returnCode() { runPromise(); }
     void run_data();
@@ -312,6 +331,20 @@ void tst_QtFileDialogResults::iteration_data()
             QCOMPARE(numberOf(pos), value);
         }
     });
+    QTest::newRow("a position of an earlier, longer selection ends it") << Promise([] {
+        Chosen dialog({QStringLiteral("/d/a"), QStringLiteral("/d/b"), QStringLiteral("/d/c")});
+        POSITION pos = dialog.GetStartPosition();
+        QCOMPARE(nextOf(dialog, pos), QStringLiteral("/d/a"));
+        QCOMPARE(numberOf(pos), 2LL);
+        dialog.m_selectedFiles = QStringList({QStringLiteral("/e/x")});
+        dialog.m_nSelCount = 1;
+        QStringList paths;
+        while (pos && paths.size() < 5)
+            paths.append(nextOf(dialog, pos));
+        QCOMPARE(paths, QStringList({QString()}));
+        QVERIFY(!pos);
+        QCOMPARE(allOf(dialog), QStringList({QStringLiteral("/e/x")}));
+    });
     QTest::newRow("the start position is the count's field") << Promise([] {
         OpenedFields dialog(TRUE);
         dialog.m_nSelCount = 0x100000001LL;
@@ -332,14 +365,76 @@ void tst_QtFileDialogResults::outsidePosition_data()
     QTest::newRow("the smallest") << std::numeric_limits<qint64>::min();
 }
 
-/// A position that is none gives an empty text, and stays.
+/// A position that is none gives an empty text, and becomes null: whoever asks while there is one ends.
 void tst_QtFileDialogResults::outsidePosition()
 {
     QFETCH(qint64, value);
     const Chosen dialog({QStringLiteral("/d/a"), QStringLiteral("/d/b")}, QStringLiteral("*.svf"));
     POSITION pos = position(value);
     QVERIFY(dialog.GetNextPathName(pos).empty());
-    QCOMPARE(numberOf(pos), value);
+    QCOMPARE(numberOf(pos), 0LL);
+}
+
+void tst_QtFileDialogResults::unreadFields_data()
+{
+    QTest::addColumn<FillRecord>("fill");
+
+    static wchar_t text[] = L"Other (*.other)";
+    const auto row = [](const char *promise, const FillRecord &fill) { QTest::newRow(promise) << fill; };
+    row("lStructSize", [](OPENFILENAMEW &record) { record.lStructSize = ~0u; });
+    row("hInstance", [](OPENFILENAMEW &record) { record.hInstance = KxHandleFromValue<HINSTANCE>(1); });
+    row("lpstrCustomFilter", [](OPENFILENAMEW &record) {
+        record.lpstrCustomFilter = text;
+        record.nMaxCustFilter = 16;
+    });
+    row("nMaxFile", [](OPENFILENAMEW &record) { record.nMaxFile = 1; });
+    row("lpstrFileTitle", [](OPENFILENAMEW &record) {
+        record.lpstrFileTitle = text;
+        record.nMaxFileTitle = 16;
+    });
+    row("Flags, none set", [](OPENFILENAMEW &record) { record.Flags = 0; });
+    row("Flags, all set", [](OPENFILENAMEW &record) { record.Flags = ~0u; });
+    row("nFileOffset", [](OPENFILENAMEW &record) { record.nFileOffset = 2; });
+    row("nFileExtension", [](OPENFILENAMEW &record) { record.nFileExtension = 2; });
+    row("lpstrDefExt", [](OPENFILENAMEW &record) { record.lpstrDefExt = L"dwg"; });
+    row("lCustData", [](OPENFILENAMEW &record) { record.lCustData = 1; });
+    row("lpfnHook", [](OPENFILENAMEW &record) {
+        record.Flags = OFN_ENABLEHOOK | OFN_EXPLORER;
+        record.lpfnHook = [](HWND, UINT, WPARAM, LPARAM) -> UINT_PTR {
+            QTest::qFail("the hook was called", __FILE__, __LINE__);
+            return 0;
+        };
+    });
+    row("lpTemplateName", [](OPENFILENAMEW &record) { record.lpTemplateName = text; });
+    row("pvReserved", [](OPENFILENAMEW &record) { record.pvReserved = text; });
+    row("dwReserved", [](OPENFILENAMEW &record) { record.dwReserved = 1; });
+    row("FlagsEx", [](OPENFILENAMEW &record) { record.FlagsEx = OFN_EX_NOPLACESBAR; });
+}
+
+/// They are what they were, and the dialog looks the same, whatever they say.
+void tst_QtFileDialogResults::unreadFields()
+{
+    QFETCH(FillRecord, fill);
+    const Sandbox sandbox;
+    for (const bool open : {true, false}) {
+        QStringList shown;
+        for (const bool filled : {false, true}) {
+            OpenedFields dialog(open);
+            OPENFILENAMEW &record = *dialog.GetOFN();
+            dialog.setTitle(L"title");
+            dialog.setDirectory(wide(sandbox.path()));
+            dialog.setFilters(L"A (*.a);;B (*.b)");
+            dialog.setFile(L"plan");
+            record.nFilterIndex = 2;
+            if (filled)
+                fill(record);
+            const OPENFILENAMEW before = record;
+            dialog.run(lookAndCancel([&shown](QFileDialog &run) { shown.append(shownBy(run)); }));
+            const OPENFILENAMEW after = record;
+            QVERIFY(std::memcmp(&after, &before, sizeof after) == 0);
+        }
+        QCOMPARE(shown.value(1), shown.value(0));
+    }
 }
 
 void tst_QtFileDialogResults::returnCode_data()
@@ -588,6 +683,18 @@ void tst_QtFileDialogResults::run_data()
         QCOMPARE(dialog.m_nSelCount, 2LL);
         QCOMPARE(dialog.m_selectedNameFilter, QStringLiteral("*.svf"));
         QCOMPARE(DWORD(dialog.m_ofn.nFilterIndex), 2u);
+    });
+    QTest::newRow("a position kept from a longer run ends in the next") << Promise([] {
+        Dialog dialog(true, L"All (*)");
+        const QStringList files = {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
+        QVERIFY(dialog.makeFiles(files));
+        QCOMPARE(dialog.run(chooseSeveral(files, files)), INT_PTR(1));
+        POSITION pos = dialog.GetStartPosition();
+        QCOMPARE(numberOf(pos), 3LL);
+        QCOMPARE(dialog.run(choose(QStringLiteral("c"))), INT_PTR(1));
+        QCOMPARE(nextOf(dialog, pos), QString());
+        QVERIFY(!pos);
+        QCOMPARE(allOf(dialog), QStringList({dialog.path("c")}));
     });
     QTest::newRow("the next accepted run replaces the results") << Promise([] {
         Dialog dialog(true, L"All (*)");

@@ -17,7 +17,7 @@
 /// KxQtPainterWrapper *painter = dc.m_hDC->painter();
 /// \endcode
 ///
-/// That of a window draws on the widget, and so only during its paint event; at other times it is memPainter() of the
+/// That of a window draws on the widget, and so only during its paint event; at other times use memPainter() of the
 /// window's KxGrQtDoubleBufferImage.
 ///
 /// A handle of a bitmap or brush is one of the image service of platformServices(). A GDI object does not delete
@@ -92,7 +92,7 @@ class KX_EXPORT CBrush : public CGdiObject
 {
 public:
     CBrush();
-    /// The top byte of the colour is dropped.
+    /// The top byte of the colour is dropped; for 0xFFFFFFFF there is no brush, and the handle is null.
     CBrush(COLORREF crColor);
 };
 
@@ -139,16 +139,18 @@ public:
     operator HDC() const;
 
     /// Binds a context without a device to the bitmap, for good: a later selection changes nothing. The bitmap has
-    /// to keep its handle as long as the context is drawn on.
-    /// \return the bitmap that the context had been bound to; null when there was none, the context's device is a
-    /// window's, or `pBitmap` is null
+    /// to keep its handle as long as the context is drawn on. One without a handle binds nothing; one whose handle the
+    /// image service does not know binds to nothing that could be drawn on.
+    /// \return the bitmap that the context had been bound to; null when there was none, when the context has the
+    /// device of a window or of the host's own, and for null
     CBitmap *SelectObject(CBitmap *pBitmap);
     /// Fills a rectangle, right and bottom excluded, with the colour of the brush. Nothing without a device, a
     /// rectangle, or a brush that the image service knows.
     ///
     /// A context with a double buffer fills the widget itself during its paint event; otherwise the memory image of
     /// the buffer, or the front image while there is no memory image. While the host draws with the painter that is
-    /// used, the rectangle becomes part of what it draws.
+    /// used, the rectangle becomes part of what it draws. In a paint event a QPainter of the host's own on the widget
+    /// has to be closed first.
     void FillRect(const tagRECT *lpRect, CBrush *pBrush);
 
     KX_INERT("returns an empty size; use QFontMetrics")

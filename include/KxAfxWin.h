@@ -95,7 +95,8 @@ public:
     /// The handle as it is, also of an orphaned object. As CWnd::GetSafeHwnd in MFC, except that a null
     /// object pointer is not allowed.
     virtual HWND GetSafeHwnd() const;
-    /// The handle of the device context that GetDC() made, null before.
+    /// The device of the context that GetDC() made, a KxQtPaintDeviceWrapper; null before, and until the context has
+    /// one, see _CreateDCforHwnd().
     virtual HDC GetSafeHdc() const;
     /// The widget's own rectangle. Right and bottom are QRect's, inclusive: a widget 100 pixels wide has 99.
     virtual void GetClientRect(tagRECT *lpRect) const;

@@ -31,15 +31,17 @@ public:
     /// earlier ones are deleted. Nothing is done when there is a pair and the destination has this size, whatever
     /// size the pair has: in a resize handler, where the window has its new size already, call destroyImages() first.
     ///
-    /// `bytesPerPixel` is the length of a row in memBits() divided by the width: give 4. Sides that are not positive,
-    /// and memory that cannot be had, make null images.
+    /// `bytesPerPixel` is the length of a row in memBits() divided by the width: give 4; below 4 the memory image is
+    /// null. Sides that are not positive, and memory that cannot be had, make null images.
+    ///
+    /// Neither this nor destroyImages() may be called while a painter of the pair draws; memBits() and the addresses of
+    /// the images are other ones afterwards.
     void createImages(int width, int height, int bytesPerPixel);
     /// Deletes the pair that createImages() made; the front image of the constructor stays.
     void destroyImages();
-    /// Draws the memory image over the front image, where it is not transparent; then draws the front image over
-    /// the memory image of the linked buffer, or, without one, asks the destination for a repaint when that is a
-    /// QWidget that takes updates. Without the two images it does nothing, and without a memory image in the linked
-    /// buffer that is not drawn on.
+    /// Draws the memory image over the front image, where it is not transparent. Then, with a linked buffer, draws the
+    /// front image over that one's memory image, if it has one, and asks nobody for a repaint; without a link, asks
+    /// the destination for one when that is a QWidget that takes updates. Without the two images it does nothing.
     void repairFrontBuffer();
     /// Links another buffer, which must outlive the link and is not owned, and takes over its destination. Null ends
     /// the link and leaves the destination.

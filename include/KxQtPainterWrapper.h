@@ -114,16 +114,16 @@ public:
     /// The font of a record, of which face, weight, height, pitch and italics count. The device must not be null.
     ///
     /// - lfHeight is not in pixels: the font's pixel size is the height times the bits per pixel of the device,
-    ///   divided by 36, without the fraction. Where it is 0 or negative, lfWeight stands for it; where that is too,
-    ///   the font keeps Qt's size, with Qt's warning.
+    ///   divided by 36, without the fraction. Where it is 0 or negative, lfWeight stands for it. When no pixel comes
+    ///   out, for want of both or of a larger height, the font keeps Qt's size, with Qt's warning.
     /// - lfWeight divided by 10 is Qt's weight, 400 gives 40; 0 leaves Qt's own.
     /// - The pitch is fixed when lfPitchAndFamily is FIXED_PITCH exactly.
     void setFontIndirect(const tagLOGFONTW *font);
     /// Restricts drawing to polygons, at once while the painter draws, and from every beginDraw() on.
     ///
     /// `points` holds the corners of all polygons one after another, `counts` how many belong to each. Where
-    /// polygons overlap, an even number of them leaves a hole. Without points, or with a `polygonCount` of 0,
-    /// drawing is unrestricted again; so it is when the polygons enclose no pixel, where GDI draws nothing.
+    /// polygons overlap, an even number of them leaves a hole. Without points or counts, or with a `polygonCount`
+    /// of 0, drawing is unrestricted again; so it is when the polygons enclose no pixel, where GDI draws nothing.
     void setClipRegion(tagPOINT *points, unsigned int *counts, unsigned int polygonCount);
     /// Moves the origin to (x, y), then turns clockwise by `angle` degrees. The origin stays there.
     void Rotate(double angle, int x, int y);
@@ -142,20 +142,21 @@ public:
     /// A polygon with pen and brush, filled by the odd-even rule. A path does not collect it. Nothing for `n`
     /// below 1.
     void drawPolygon(const tagPOINT *points, int n);
-    /// `length` characters of text with the pen, -1 for all up to the terminating zero. `y` is the baseline;
-    /// TextOut in GDI puts the top there.
+    /// `length` characters of text with the pen, -1 for all up to the terminating zero; nothing for null. `y` is the
+    /// baseline; TextOut in GDI puts the top there.
     void drawText(int x, int y, const wchar_t *text, int length);
     /// A rectangle with the pen, filled with `colour` at `alpha`, 1 to 255; an `alpha` below 1 draws the outline
     /// alone. Right and bottom are inside it: without a pen it is one pixel wider and higher than fillRect() makes it,
     /// and QPainter::drawRect()'s outline adds another. The corners of a rectangle whose left edge is not left of its
     /// right edge are swapped. The brush stays set.
     void drawAlphaRect(const CRect &rect, unsigned int colour, int alpha);
-    /// drawPolygon() with the brush of drawAlphaRect().
+    /// drawPolygon() with the brush of drawAlphaRect(). For `n` below 1 the brush is not touched either.
     void drawAlphaArea(const CPoint *points, int n, unsigned int colour, int alpha);
     /// Draws the caller's pixels, `a` wide and `b` high, with their upper left corner at (a, b). `format` is a
     /// number of QImage::Format; each row starts at a multiple of 4 bytes. `c` and `d` are ignored. The memory
-    /// is read during the call only. One bit is black or white, eight bits are 256 shades of grey. To draw at another
-    /// place, use the other overload.
+    /// is read during the call only. One bit is black or white, eight bits are 256 shades of grey. Nothing for null,
+    /// for a side that is not positive and for a number that is no format. To draw at another place, use the other
+    /// overload.
     void drawImage(int a, int b, unsigned char *bits, int c, int d, int format);
     /// Draws an image scaled into a rectangle.
     void drawImage(const QRect &rect, const QImage &image);

@@ -8,6 +8,17 @@
 
 #include <cstdlib>
 
+namespace {
+
+/// Nothing for an image without pixels, for which Qt would warn.
+void drawOver(QImage *target, const QImage &image)
+{
+    if (!target->isNull() && !image.isNull())
+        QPainter(target).drawImage(0, 0, image);
+}
+
+} // namespace
+
 KxGrQtDoubleBufferImage::KxGrQtDoubleBufferImage()
     : KxGrQtDoubleBufferImage(nullptr)
 {
@@ -91,9 +102,9 @@ void KxGrQtDoubleBufferImage::repairFrontBuffer()
 {
     if (!m_memImage || !m_frontImage)
         return;
-    QPainter(m_frontImage).drawImage(0, 0, *m_memImage);
+    drawOver(m_frontImage, *m_memImage);
     if (m_frontBuffer && m_frontBuffer->m_memImage)
-        QPainter(m_frontBuffer->m_memImage).drawImage(0, 0, *m_frontImage);
+        drawOver(m_frontBuffer->m_memImage, *m_frontImage);
     if (m_frontBuffer)
         return;
     if (auto *window = dynamic_cast<QWidget *>(destination); window && window->updatesEnabled())

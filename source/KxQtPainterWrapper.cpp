@@ -302,6 +302,8 @@ void KxQtPainterWrapper::drawAlphaRect(const CRect &rect, unsigned int colour, i
 
 void KxQtPainterWrapper::drawAlphaArea(const CPoint *points, int n, unsigned int colour, int alpha)
 {
+    if (n < 1)
+        return;
     setAlphaBrush(colour, alpha);
     drawPolygon(points, n);
 }

@@ -270,6 +270,15 @@ void DeviceContextTest::records_data()
         QVERIFY(context.dc.GetTextMetricsW(&record));
         QCOMPARE(std::memcmp(&record, &before, sizeof record), 0);
     });
+    QTest::newRow("a context that is const may be asked as well") << Promise([] {
+        const BitmapContext context;
+        const CDC &dc = context.dc;
+        tagTEXTMETRICW record = {};
+        QVERIFY(dc.GetTextMetricsW(&record));
+        QCOMPARE(dc.GetDeviceCaps(12 /* BITSPIXEL */), 0);
+        QVERIFY(dc.GetTextExtent(CString(L"A text")) == CSize(0, 0));
+        QVERIFY(!dc.GetSafeHdc());
+    });
     QTest::newRow("the context draws on after DeleteDC, Detach and Attach") << Promise([] {
         BitmapContext context;
         OwnedBrush brush(RGB(255, 0, 0));
@@ -401,6 +410,17 @@ void DeviceContextTest::bitmap_data()
         context.dc.FillRect(&left, &redBrush);
         second.FillRect(&right, &blueBrush);
         QCOMPARE(context.bitmap.image(), filled(plain(10, 8, red), right, blue));
+    });
+    QTest::newRow("on a context with a device of the host's own: null, the device stays") << Promise([] {
+        QImage image = plain(10, 8, white);
+        OwnedBitmap bitmap(10, 8);
+        CDC dc;
+        auto *device = new KxQtPaintDeviceWrapper(&image);
+        dc.m_hDC = device;
+        QVERIFY(!dc.SelectObject(&bitmap));
+        QVERIFY(!dc.SelectObject(&bitmap));
+        QVERIFY(dc.m_hDC == device);
+        QVERIFY(device->destinationDevice() == static_cast<QPaintDevice *>(&image));
     });
     QTest::newRow("on a window's context: null, the device stays") << Promise([] {
         WindowContext context;
@@ -637,6 +657,31 @@ void DeviceContextTest::fill_data()
         const tagRECT rect = {3, 2, 9, 7};
         window.whenPainted = [&] { dc.FillRect(&rect, &brush); };
         QCOMPARE(window.picture(), filled(before, rect, red));
+    });
+    QTest::newRow("a double buffer over an image: its front image, not the image") << Promise([] {
+        QImage image = plain(10, 8, white);
+        CDC dc;
+        auto *buffer = new KxGrQtDoubleBufferImage(&image);
+        dc.m_hDC = buffer;
+        OwnedBrush brush(RGB(255, 0, 0));
+        const tagRECT rect = {2, 1, 7, 5};
+        dc.FillRect(&rect, &brush);
+        QCOMPARE(image, plain(10, 8, white));
+        QCOMPARE(*buffer->frontImage(), filled(plain(10, 8, 0), rect, red));
+        QVERIFY(!buffer->memImage());
+    });
+    QTest::newRow("a double buffer over an image, with a pair: its memory image alone") << Promise([] {
+        QImage image = plain(10, 8, white);
+        CDC dc;
+        auto *buffer = new KxGrQtDoubleBufferImage(&image);
+        dc.m_hDC = buffer;
+        buffer->createImages(10, 8, 4);
+        OwnedBrush brush(RGB(255, 0, 0));
+        const tagRECT rect = {2, 1, 7, 5};
+        dc.FillRect(&rect, &brush);
+        QCOMPARE(image, plain(10, 8, white));
+        QCOMPARE(*buffer->memImage(), filled(plain(10, 8, 0), rect, red));
+        QCOMPARE(*buffer->frontImage(), plain(10, 8, 0));
     });
     QTest::newRow("a double buffer without a destination: its memory image") << Promise([] {
         CDC dc;

@@ -549,22 +549,29 @@ void DibScansTest::oddLines_data()
 void DibScansTest::linesInRowsOfNothing_data()
 {
     QTest::addColumn<int>("width");
-    QTest::newRow("0 pixels wide") << 0;
-    QTest::newRow("-1 pixels wide") << -1;
-    QTest::newRow("-40 pixels wide") << -40;
-    QTest::newRow("the most negative width") << INT_MIN;
+    QTest::addColumn<QVector<bool>>("answers");
+    QTest::newRow("0 pixels wide: FALSE left of 0 and from 0 on, TRUE across it")
+        << 0 << QVector<bool>{true, true, false, false, false, false};
+    QTest::newRow("-1 pixels wide: FALSE for two negative ends and from -1 on")
+        << -1 << QVector<bool>{true, false, false, false, false, false};
+    QTest::newRow("-40 pixels wide: FALSE from -40 on") << -40 << QVector<bool>(6, false);
+    QTest::newRow("the most negative width: FALSE") << INT_MIN << QVector<bool>(6, false);
 }
 
-/// Nothing is written around the place where the row would be.
+/// Nothing is written around the place where the row would be, in either order of the ends.
 void DibScansTest::linesInRowsOfNothing()
 {
     QFETCH(const int, width);
+    QFETCH(const QVector<bool>, answers);
+    const QPair<int, int> lines[] = {{-20, 3}, {-1, 3}, {0, 3}, {1, 3}, {0, 0}, {-20, -1}};
     for (const int depth : {1, 2, 4, 8, 16, 24, 32}) {
         unsigned char around[256];
         std::fill(std::begin(around), std::end(around), static_cast<unsigned char>(0x5A));
         KxForeignDib dib(depth, width, around + 128);
-        for (const int x1 : {-20, -1, 0, 1})
-            dib.DrawLineH(x1, 3, 0, 1);
+        for (int i = 0; i < answers.size(); ++i) {
+            QCOMPARE(dib.DrawLineH(lines[i].first, lines[i].second, 0, 1), answers.at(i));
+            QCOMPARE(dib.DrawLineH(lines[i].second, lines[i].first, 0, 1), answers.at(i));
+        }
         for (const unsigned char byte : around)
             QCOMPARE(int(byte), 0x5A);
     }

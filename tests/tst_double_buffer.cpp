@@ -12,8 +12,11 @@
 #include <afxwin.h>
 
 #include <algorithm>
+#include <climits>
 #include <memory>
 #include <type_traits>
+
+#include <sys/resource.h>
 
 using Promise = void (*)();
 Q_DECLARE_METATYPE(Promise)
@@ -45,6 +48,29 @@ void verifyFreshPair(const Buffer &buffer, int width, int height)
     QCOMPARE(buffer.m_imagesCreated, 1);
 }
 
+/// While it lives, the program gets 1 GiB and no more: a size that is too large shall not use up the machine.
+class MemoryLimit
+{
+public:
+#if defined(__SANITIZE_ADDRESS__)
+    MemoryLimit() {}
+#else
+    MemoryLimit()
+    {
+        getrlimit(RLIMIT_AS, &m_before);
+        rlimit limit = m_before;
+        limit.rlim_cur = std::min<rlim_t>(m_before.rlim_cur, 1 << 30);
+        setrlimit(RLIMIT_AS, &limit);
+    }
+    ~MemoryLimit() { setrlimit(RLIMIT_AS, &m_before); }
+    MemoryLimit(const MemoryLimit &) = delete;
+    MemoryLimit &operator=(const MemoryLimit &) = delete;
+
+private:
+    rlimit m_before = {};
+#endif
+};
+
 } // namespace
 
 class DoubleBufferTest : public KxTestCase
@@ -56,8 +82,14 @@ private slots:
     void made() { run(); }
     void constructorsFrontImage_data();
     void constructorsFrontImage();
+    void constructorsNullImage_data();
+    void constructorsNullImage();
     void pairOfASize_data();
     void pairOfASize();
+    void nullPair_data();
+    void nullPair();
+    void rowsWithoutAnImage_data();
+    void rowsWithoutAnImage();
     void keptOrRemade_data();
     void keptOrRemade();
     void pair_data();
@@ -182,6 +214,32 @@ void DoubleBufferTest::constructorsFrontImage()
     QVERIFY(buffer.frontPainter()->wrappedDevice() == buffer.frontImage());
 }
 
+void DoubleBufferTest::constructorsNullImage_data()
+{
+    QTest::addColumn<std::shared_ptr<QPaintDevice>>("device");
+
+    const auto row = [](const char *name, QPaintDevice *device) {
+        QTest::newRow(name) << std::shared_ptr<QPaintDevice>(device);
+    };
+    row("a window of 0 x 10", new Canvas(0, 10));
+    row("a window of 10 x 0", new Canvas(10, 0));
+    row("a null image", new QImage);
+}
+
+/// A device without pixels has a front image, but a null one.
+void DoubleBufferTest::constructorsNullImage()
+{
+    QFETCH(std::shared_ptr<QPaintDevice>, device);
+    QVERIFY(device->width() == 0 || device->height() == 0);
+    Buffer buffer(device.get());
+    QVERIFY(buffer.frontImage());
+    QVERIFY(buffer.frontImage()->isNull());
+    QVERIFY(!buffer.memImage());
+    QCOMPARE(buffer.m_imagesCreated, 0);
+    buffer.createImages(5, 4, 4);
+    verifyFreshPair(buffer, 5, 4);
+}
+
 // ---- createImages ---------------------------------------------------------------------------------------
 
 void DoubleBufferTest::pairOfASize_data()
@@ -212,6 +270,86 @@ void DoubleBufferTest::pairOfASize()
     const unsigned char *end = buffer.memBits() + width * height * bytesPerPixel;
     QVERIFY(std::all_of(static_cast<const unsigned char *>(buffer.memBits()), end,
                         [](unsigned char byte) { return byte == 0; }));
+}
+
+void DoubleBufferTest::nullPair_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("height");
+
+    QTest::newRow("no width") << 0 << 5;
+    QTest::newRow("no height") << 5 << 0;
+    QTest::newRow("neither") << 0 << 0;
+    QTest::newRow("a negative width") << -3 << 5;
+    QTest::newRow("a negative height") << 5 << -3;
+    QTest::newRow("both negative, with a positive product") << -3 << -5;
+    QTest::newRow("the most negative sides") << INT_MIN << INT_MIN;
+    QTest::newRow("the largest width, one row: more bytes than a row may have") << INT_MAX << 1;
+    QTest::newRow("rows of 2 GiB") << (1 << 29) << 1;
+#if !defined(__SANITIZE_ADDRESS__) // It ends the program that asks for too much.
+    QTest::newRow("the largest sides") << INT_MAX << INT_MAX;
+    QTest::newRow("2^30 rows of 1 GiB") << (1 << 28) << (1 << 30);
+    QTest::newRow("a pair of 4 GiB each, where 1 GiB can be had") << 32768 << 32768;
+#endif
+}
+
+/// Both images are there and null; they go as others do, and another pair may follow.
+void DoubleBufferTest::nullPair()
+{
+    QFETCH(int, width);
+    QFETCH(int, height);
+    Canvas window(20, 10);
+    Buffer buffer(&window);
+    {
+        const MemoryLimit limit;
+        buffer.createImages(width, height, 4);
+    }
+    QCOMPARE(buffer.m_imagesCreated, 1);
+    QVERIFY(buffer.memImage() && buffer.memImage()->isNull());
+    QVERIFY(buffer.frontImage() && buffer.frontImage()->isNull());
+    buffer.destroyImages();
+    verifyNoImages(buffer);
+    {
+        const MemoryLimit limit;
+        buffer.createImages(width, height, 4);
+    }
+    buffer.createImages(5, 4, 4);
+    verifyFreshPair(buffer, 5, 4);
+}
+
+void DoubleBufferTest::rowsWithoutAnImage_data()
+{
+    QTest::addColumn<int>("bytesPerPixel");
+    QTest::addColumn<bool>("withMemory");
+
+    QTest::newRow("2 bytes per pixel") << 2 << true;
+    QTest::newRow("3 bytes per pixel") << 3 << true;
+    QTest::newRow("0 bytes per pixel") << 0 << false;
+    QTest::newRow("-1 bytes per pixel") << -1 << false;
+    QTest::newRow("the most negative number of bytes per pixel") << INT_MIN << false;
+}
+
+/// Rows that are too short for 32-bit pixels: the memory image is null, the front image, whose memory is its
+/// own, is not.
+void DoubleBufferTest::rowsWithoutAnImage()
+{
+    QFETCH(int, bytesPerPixel);
+    QFETCH(bool, withMemory);
+    Buffer buffer;
+    buffer.createImages(3, 2, bytesPerPixel);
+    QCOMPARE(buffer.m_imagesCreated, 1);
+    QVERIFY(buffer.memImage() && buffer.memImage()->isNull());
+    QVERIFY(buffer.frontImage());
+    QCOMPARE(*buffer.frontImage(), plain(3, 2, 0));
+    QVERIFY(buffer.frontPainter()->wrappedDevice() == buffer.frontImage());
+    if (withMemory) {
+        const unsigned char *bits = buffer.memBits();
+        QVERIFY(bits);
+        QVERIFY(std::all_of(bits, bits + 3 * 2 * bytesPerPixel,
+                            [](unsigned char byte) { return byte == 0; }));
+    }
+    buffer.createImages(5, 4, 4);
+    verifyFreshPair(buffer, 5, 4);
 }
 
 void DoubleBufferTest::keptOrRemade_data()
@@ -315,15 +453,6 @@ void DoubleBufferTest::pair_data()
             buffer.memImage()->fill(0xFFFFFFFF);
             buffer.frontImage()->fill(0xFFFFFFFF);
         }
-    });
-    QTest::newRow("no width: two images without pixels, until another pair is asked for") << Promise([] {
-        Buffer buffer;
-        buffer.createImages(0, 5, 4);
-        QCOMPARE(buffer.m_imagesCreated, 1);
-        QVERIFY(buffer.memImage() && buffer.memImage()->isNull());
-        QVERIFY(buffer.frontImage() && buffer.frontImage()->isNull());
-        buffer.createImages(5, 4, 4);
-        verifyFreshPair(buffer, 5, 4);
     });
     QTest::newRow("destination, link, painters and palette stay") << Promise([] {
         Canvas window(20, 10);

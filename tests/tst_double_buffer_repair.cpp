@@ -20,6 +20,12 @@ private slots:
     void repairedPixel();
     void repaired_data();
     void repaired() { run(); }
+    void withoutThePair_data();
+    void withoutThePair() { run(); }
+    void nullImages_data();
+    void nullImages();
+    void nullImagesAndALink_data();
+    void nullImagesAndALink() { run(); }
     void repaint_data();
     void repaint() { run(); }
     void linked_data();
@@ -141,6 +147,114 @@ void DoubleBufferRepairTest::repaired_data()
     });
 }
 
+void DoubleBufferRepairTest::withoutThePair_data()
+{
+    QTest::addColumn<Promise>("promise");
+
+    QTest::newRow("no image at all: nothing, and none is made") << Promise([] {
+        Buffer buffer;
+        buffer.repairFrontBuffer();
+        QVERIFY(!buffer.memImage());
+        QVERIFY(!buffer.frontImage());
+        QCOMPARE(buffer.m_imagesCreated, 0);
+    });
+    QTest::newRow("the constructor's front image alone: it stays, no repaint is asked for") << Promise([] {
+        Canvas window;
+        Buffer buffer(&window);
+        buffer.frontImage()->fill(red);
+        window.settle();
+        buffer.repairFrontBuffer();
+        QCoreApplication::processEvents();
+        QCOMPARE(window.paints, 0);
+        QCOMPARE(*buffer.frontImage(), plain(20, 10, red));
+        QVERIFY(!buffer.memImage());
+    });
+    QTest::newRow("the constructor's front image alone: the linked buffer is not drawn on") << Promise([] {
+        Canvas window;
+        Buffer other(&window);
+        other.createImages(20, 10, 4);
+        other.memImage()->fill(blue);
+        Buffer buffer(&window);
+        buffer.frontImage()->fill(red);
+        buffer.setFrontBuffer(&other);
+        buffer.repairFrontBuffer();
+        QCOMPARE(*other.memImage(), plain(20, 10, blue));
+        QCOMPARE(*other.frontImage(), plain(20, 10, 0));
+    });
+    QTest::newRow("a pair that was destroyed: no image comes back, no repaint is asked for") << Promise([] {
+        Canvas window;
+        Buffer buffer(&window);
+        buffer.createImages(20, 10, 4);
+        buffer.destroyImages();
+        window.settle();
+        buffer.repairFrontBuffer();
+        QCoreApplication::processEvents();
+        QCOMPARE(window.paints, 0);
+        QVERIFY(!buffer.memImage());
+        QVERIFY(!buffer.frontImage());
+    });
+}
+
+void DoubleBufferRepairTest::nullImages_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("height");
+
+    QTest::newRow("0 x 5") << 0 << 5;
+    QTest::newRow("5 x 0") << 5 << 0;
+    QTest::newRow("0 x 0") << 0 << 0;
+    QTest::newRow("-3 x -5") << -3 << -5;
+}
+
+/// A pair of null images: there is nothing to be drawn, and Qt has nothing to warn of.
+void DoubleBufferRepairTest::nullImages()
+{
+    QFETCH(int, width);
+    QFETCH(int, height);
+    Canvas window;
+    Buffer buffer(&window);
+    buffer.createImages(width, height, 4);
+    buffer.repairFrontBuffer();
+    buffer.repairFrontBuffer();
+    QVERIFY(buffer.memImage() && buffer.memImage()->isNull());
+    QVERIFY(buffer.frontImage() && buffer.frontImage()->isNull());
+}
+
+void DoubleBufferRepairTest::nullImagesAndALink_data()
+{
+    QTest::addColumn<Promise>("promise");
+
+    QTest::newRow("a null memory image over a front image with pixels: they stay") << Promise([] {
+        Buffer buffer;
+        buffer.createImages(4, 3, 2); // rows too short for the format
+        QVERIFY(buffer.memImage()->isNull());
+        buffer.frontImage()->fill(red);
+        buffer.repairFrontBuffer();
+        QCOMPARE(*buffer.frontImage(), plain(4, 3, red));
+    });
+    QTest::newRow("a null pair: the linked buffer's memory image stays") << Promise([] {
+        Buffer other;
+        other.createImages(4, 3, 4);
+        other.memImage()->fill(blue);
+        Buffer buffer;
+        buffer.setFrontBuffer(&other);
+        buffer.createImages(0, 5, 4);
+        buffer.repairFrontBuffer();
+        QCOMPARE(*other.memImage(), plain(4, 3, blue));
+    });
+    QTest::newRow("a linked buffer with a null pair: this front image alone is drawn") << Promise([] {
+        Buffer other;
+        other.createImages(0, 5, 4);
+        Buffer buffer;
+        buffer.setFrontBuffer(&other);
+        buffer.createImages(4, 3, 4);
+        buffer.memImage()->fill(red);
+        buffer.repairFrontBuffer();
+        QCOMPARE(*buffer.frontImage(), plain(4, 3, red));
+        QVERIFY(other.memImage()->isNull());
+    });
+}
+
 void DoubleBufferRepairTest::repaint_data()
 {
     QTest::addColumn<Promise>("promise");
@@ -257,17 +371,22 @@ void DoubleBufferRepairTest::linked_data()
         buffer.setFrontBuffer(&other);
         QVERIFY(!buffer.destinationDevice());
     });
-    QTest::newRow("the other has no memory image: nobody is drawn on, nobody repaints") << Promise([] {
-        Canvas window;
-        Buffer other(&window);
-        Buffer buffer(&window);
-        buffer.createImages(8, 8, 4);
-        buffer.setFrontBuffer(&other);
-        const QImage before = *other.frontImage();
-        buffer.repairFrontBuffer();
-        QCOMPARE(*other.frontImage(), before);
-        QVERIFY(!other.memImage());
-    });
+    QTest::newRow("the other has no memory image: nothing but this front image is drawn, no repaint")
+        << Promise([] {
+               Canvas window;
+               Buffer other(&window);
+               Buffer buffer(&window);
+               buffer.createImages(8, 8, 4);
+               buffer.setFrontBuffer(&other);
+               buffer.memImage()->fill(red);
+               window.settle();
+               buffer.repairFrontBuffer();
+               QCoreApplication::processEvents();
+               QCOMPARE(window.paints, 0);
+               QCOMPARE(*other.frontImage(), plain(20, 10, 0));
+               QVERIFY(!other.memImage());
+               QCOMPARE(*buffer.frontImage(), plain(8, 8, red));
+           });
     QTest::newRow("null ends the link and leaves the destination") << Promise([] {
         Canvas window;
         Buffer other(&window);

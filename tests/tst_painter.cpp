@@ -373,8 +373,48 @@ void tst_Painter::inactivePainter_data()
             const QPoint points[] = {{1, 1}, {9, 1}, {9, 9}};
             p.drawPolygon(points, 3);
         });
-    row("drawImage", [](KxQtPainterWrapper &p) { p.drawImage(QRect(0, 0, 4, 4), kxCanvas()); },
+    row("drawPolyline, open",
+        [](KxQtPainterWrapper &p) {
+            const POINT points[] = {{1, 1}, {9, 1}, {9, 9}};
+            p.drawPolyline(points, 3);
+        },
+        [](QPainter &p) {
+            const QPoint points[] = {{1, 1}, {9, 1}, {9, 9}};
+            p.drawPolyline(points, 3);
+        });
+    row("drawPolyline, closed: the composition mode is asked for",
+        [](KxQtPainterWrapper &p) {
+            const POINT points[] = {{1, 1}, {9, 1}, {9, 9}, {1, 1}};
+            p.drawPolyline(points, 4);
+        },
+        [](QPainter &p) {
+            const QPoint points[] = {{1, 1}, {9, 1}, {9, 9}, {1, 1}};
+            p.compositionMode();
+            p.drawPolyline(points, 4);
+        });
+    row("drawAlphaRect", [](KxQtPainterWrapper &p) { p.drawAlphaRect(CRect(1, 1, 9, 9), 0U, 90); },
+        [](QPainter &p) {
+            p.setBrush(QColor(0, 0, 0, 90));
+            p.drawRect(QRect(QPoint(1, 1), QPoint(9, 9)));
+        });
+    row("drawAlphaArea",
+        [](KxQtPainterWrapper &p) {
+            const CPoint points[] = {CPoint(1, 1), CPoint(9, 1), CPoint(9, 9)};
+            p.drawAlphaArea(points, 3, 0U, 90);
+        },
+        [](QPainter &p) {
+            const QPoint points[] = {{1, 1}, {9, 1}, {9, 9}};
+            p.setBrush(QColor(0, 0, 0, 90));
+            p.drawPolygon(points, 3);
+        });
+    row("drawImage of an image", [](KxQtPainterWrapper &p) { p.drawImage(QRect(0, 0, 4, 4), kxCanvas()); },
         [](QPainter &p) { p.drawImage(QRect(0, 0, 4, 4), kxCanvas()); });
+    row("drawImage of the caller's pixels",
+        [](KxQtPainterWrapper &p) {
+            unsigned char bits[2 * 2 * 4] = {};
+            p.drawImage(2, 2, bits, 0, 0, QImage::Format_RGB32);
+        },
+        [](QPainter &p) { p.drawImage(2, 2, kxCanvas(2, 2), 0, 0, -1, -1); });
 }
 
 void tst_Painter::inactivePainter()

@@ -863,15 +863,18 @@ void tst_PainterFigures::alphaArea_data()
     row("alpha -1: the outline alone", openTriangle, PS_SOLID, -1);
     row("without an outline", openTriangle, PS_NULL, 100);
     row("a star is open in its middle", star, PS_SOLID, 100);
-    const auto nothing = [](const char *name, int n) {
-        kxAddPicture(name, [n](KxQtPainterWrapper &p) {
+    const auto nothing = [](const char *name, int n, int alpha) {
+        kxAddPicture(name, [n, alpha](KxQtPainterWrapper &p) {
             const CPoint points[] = {CPoint(3, 3), CPoint(20, 3), CPoint(20, 20)};
-            p.drawAlphaArea(points, n, red, 100);
-            p.drawAlphaArea(nullptr, n, red, 100);
+            p.setBrush(blue);
+            p.drawAlphaArea(points, n, red, alpha);
+            p.drawAlphaArea(nullptr, n, red, alpha);
+            QCOMPARE(p.wrappedPainter()->brush(), solid(Qt::blue));
         }, [](QPainter &) {}, 0);
     };
-    nothing("no points", 0);
-    nothing("-1 points", -1);
+    nothing("no points: nothing at all, the brush stays", 0, 100);
+    nothing("-1 points: nothing at all, the brush stays", -1, 100);
+    nothing("no points, alpha 0: nothing at all, the brush stays", 0, 0);
 }
 
 void tst_PainterFigures::alphaArea()

@@ -6,6 +6,7 @@
 
 #include <QtGui/QFont>
 
+#include <climits>
 #include <cwchar>
 #include <vector>
 
@@ -92,6 +93,8 @@ class tst_PainterFontsAndClips : public KxTestCase
 private slots:
     void pixelSize_data();
     void pixelSize();
+    void extremeHeight_data();
+    void extremeHeight();
     void pixelSizeWithoutPixels_data();
     void pixelSizeWithoutPixels();
     void depthOfTheWrappedDevice();
@@ -165,6 +168,34 @@ void tst_PainterFontsAndClips::pixelSize()
     QCOMPARE(font.weight(), weight / 10);
 }
 
+void tst_PainterFontsAndClips::extremeHeight_data()
+{
+    QTest::addColumn<int>("format");
+    QTest::addColumn<int>("height");
+    QTest::addColumn<int>("expected");
+    const int deep = QImage::Format_RGB32;
+    const int of24Bits = QImage::Format_RGB888;
+    const int of64Bits = QImage::Format_RGBA64;
+    QTest::newRow("2^26 of 32 bits, a product of 2^31: 59652323") << deep << (1 << 26) << 59652323;
+    QTest::newRow("the largest of 32 bits: 1908874352.9") << deep << INT_MAX << 1908874352;
+    QTest::newRow("the largest of 24 bits: 1431655764.7") << of24Bits << INT_MAX << 1431655764;
+    QTest::newRow("the most negative of 32 bits: the weight 400") << deep << INT_MIN << 355;
+    QTest::newRow("the largest of 64 bits: the largest number") << of64Bits << INT_MAX << INT_MAX;
+}
+
+/// Of a product that does not fit into an int.
+void tst_PainterFontsAndClips::extremeHeight()
+{
+    QFETCH(int, format);
+    QFETCH(int, height);
+    QFETCH(int, expected);
+    const QImage image = kxCanvas(8, 8, QImage::Format(format));
+    const QFont font = fontOf(fontRecord(height, 400, L"DejaVu Sans"), image);
+    QCOMPARE(font.pixelSize(), expected);
+    QCOMPARE(font.weight(), 40);
+    QCOMPARE(font.family(), QStringLiteral("DejaVu Sans"));
+}
+
 void tst_PainterFontsAndClips::pixelSizeWithoutPixels_data()
 {
     QTest::addColumn<int>("height");
@@ -175,6 +206,7 @@ void tst_PainterFontsAndClips::pixelSizeWithoutPixels_data()
     QTest::newRow("height -12 and no weight") << -12 << 0 << 0;
     QTest::newRow("height 0 and the weight -9: -8, no fraction") << 0 << -9 << -8;
     QTest::newRow("height -12 and the weight -8: -7.1 is -7") << -12 << -8 << -7;
+    QTest::newRow("the most negative height and no weight") << INT_MIN << 0 << 0;
 }
 
 void tst_PainterFontsAndClips::pixelSizeWithoutPixels()
@@ -410,6 +442,12 @@ void tst_PainterFontsAndClips::text_data()
     row("a zero inside ends the text at -1", std::wstring(L"H\0x", 3), -1, QStringLiteral("H"));
     row("a zero inside belongs to a text with a length", std::wstring(L"H\0x", 3), 3,
         QString::fromUtf16(u"H\0x", 3));
+    kxAddPicture("no text, length -1",
+        [](KxQtPainterWrapper &p) { p.drawText(3, 25, nullptr, -1); }, [](QPainter &) {}, 0);
+    kxAddPicture("no text, length 0",
+        [](KxQtPainterWrapper &p) { p.drawText(3, 25, nullptr, 0); }, [](QPainter &) {}, 0);
+    kxAddPicture("no text, length 3",
+        [](KxQtPainterWrapper &p) { p.drawText(3, 25, nullptr, 3); }, [](QPainter &) {}, 0);
     row("beyond ASCII", L"\u00c4\u03a9", -1, QStringLiteral(u"\u00c4\u03a9"));
     row("beyond 16 bits", L"\U0001D49C", -1, QString::fromUcs4(U"\U0001D49C"));
 }
@@ -532,6 +570,7 @@ void tst_PainterFontsAndClips::clearedClip_data()
         QTest::newRow(name("no polygons, no counts").constData()) << true << false << 0U << whileDrawing;
         QTest::newRow(name("nothing").constData()) << false << false << 0U << whileDrawing;
         QTest::newRow(name("no points, no counts").constData()) << false << false << 3U << whileDrawing;
+        QTest::newRow(name("points, but no counts").constData()) << true << false << 3U << whileDrawing;
     }
 }
 

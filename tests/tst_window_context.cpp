@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Device contexts of windows: what they are made of, where they fill, who deletes what.
+// Device contexts of windows: what they are made of, where they fill, also within an episode of the host's,
+// who deletes what.
 
 #include "KxContextStage.h"
 #include "KxTestCase.h"
@@ -12,8 +13,59 @@
 #include <memory>
 #include <utility>
 
+namespace {
+
+/// A window's context whose buffer comes to draw for another window.
+struct MovedContext : WindowContext {
+    PaintedWindow other;
+    KxGrQtDoubleBufferImage link{&other};
+    OwnedBrush brush{RGB(255, 0, 0)};
+};
+
+const tagRECT someOfIt = {3, 2, 9, 7};
+
+/// Fills between two rectangles of the painter's own: 1 down and 2 right of where it says, within a clip of
+/// (4, 1) to (9, 6). The pen, the brush and the clip of the episode are what they were.
+void fillWithin(CDC &dc, KxQtPainterWrapper &wrapper)
+{
+    OwnedBrush redBrush(RGB(255, 0, 0));
+    const tagRECT rect = {0, 2, 6, 4};
+    tagPOINT corners[] = {{4, 1}, {9, 1}, {9, 6}, {4, 6}};
+    unsigned int count = 4;
+    QVERIFY(wrapper.beginDraw());
+    QPainter &painter = *wrapper.wrappedPainter();
+    wrapper.setClipRegion(corners, &count, 1);
+    wrapper.setPen(PS_DOT, 3, RGB(1, 2, 3));
+    wrapper.setBrush(RGB(4, 5, 6));
+    wrapper.Rotate(0, 2, 1);
+    const QPen pen = painter.pen();
+    const QBrush brush = painter.brush();
+    const QRegion clip = painter.clipRegion();
+    wrapper.fillRect(CRect(3, 0, 4, 9), RGB(0, 0, 255));
+    dc.FillRect(&rect, &redBrush);
+    QVERIFY(painter.isActive());
+    QCOMPARE(painter.pen(), pen);
+    QCOMPARE(painter.brush(), brush);
+    QVERIFY(painter.hasClipping());
+    QCOMPARE(painter.clipRegion(), clip);
+    QCOMPARE(painter.transform(), QTransform::fromTranslate(2, 1));
+    wrapper.fillRect(CRect(6, 0, 9, 3), RGB(0, 255, 0));
+    QVERIFY(wrapper.endDraw());
+    QVERIFY(!painter.isActive());
+}
+
+/// What fillWithin() makes of an image.
+QImage filledWithin(const QImage &image)
+{
+    return filled(filled(filled(image, {5, 1, 6, 6}, blue), {4, 3, 8, 5}, red), {8, 1, 9, 4}, green);
+}
+
+} // namespace
+
 using Promise = void (*)();
+using Moved = void (*)(MovedContext &);
 Q_DECLARE_METATYPE(Promise)
+Q_DECLARE_METATYPE(Moved)
 
 class WindowContextTest : public KxTestCase
 {
@@ -22,6 +74,10 @@ class WindowContextTest : public KxTestCase
 private slots:
     void fillWindow_data();
     void fillWindow() { run(); }
+    void changedDestination_data();
+    void changedDestination();
+    void fillWithinAnEpisode_data();
+    void fillWithinAnEpisode() { run(); }
     void windowContext_data();
     void windowContext() { run(); }
     void deletion_data();
@@ -98,6 +154,20 @@ void WindowContextTest::fillWindow_data()
         QCOMPARE(context.widget.picture(),
                  filled(filled(filled(before, first, red), {4, 0, 8, 4}, blue), second, red));
     });
+    QTest::newRow("in its paint event: the clip region of painter() counts, the memory painter's does not")
+        << Promise([] {
+               WindowContext context;
+               context.buffer->createImages(20, 10, 4);
+               tagPOINT corners[] = {{2, 2}, {6, 2}, {6, 5}, {2, 5}};
+               tagPOINT others[] = {{10, 0}, {12, 0}, {12, 2}, {10, 2}};
+               unsigned int count = 4;
+               context.dc->m_hDC->painter()->setClipRegion(corners, &count, 1);
+               context.buffer->memPainter()->setClipRegion(others, &count, 1);
+               const QImage before = context.widget.picture();
+               OwnedBrush brush(RGB(255, 0, 0));
+               context.widget.whenPainted = [&] { context.dc->FillRect(&everything, &brush); };
+               QCOMPARE(context.widget.picture(), filled(before, {2, 2, 6, 5}, red));
+           });
     QTest::newRow("outside, without a memory image: the front image") << Promise([] {
         WindowContext context;
         const QImage before = context.widget.picture();
@@ -191,6 +261,105 @@ void WindowContextTest::fillWindow_data()
         QCOMPARE(context.widget.picture(), before);
         context.buffer->repairFrontBuffer();
         QCOMPARE(context.widget.picture(), filled(before, rect, red));
+    });
+}
+
+void WindowContextTest::changedDestination_data()
+{
+    QTest::addColumn<Moved>("before");
+    QTest::addColumn<Moved>("change");
+    QTest::addColumn<Moved>("promise");
+
+    const Moved makePair = [](MovedContext &context) { context.buffer->createImages(20, 10, 4); };
+    const auto rows = [makePair](const char *how, Moved change) {
+        const auto row = [how, change](const char *name, Moved before, Moved promise) {
+            QTest::addRow("%s: %s", how, name) << before << change << promise;
+        };
+        row("outside of paint events the memory image is filled", makePair, [](MovedContext &context) {
+            context.dc->FillRect(&someOfIt, &context.brush);
+            QCOMPARE(*context.buffer->memImage(), filled(plain(20, 10, 0), someOfIt, red));
+            QCOMPARE(*context.buffer->frontImage(), plain(20, 10, 0));
+        });
+        row("outside of paint events, without a memory image, the front image is filled",
+            [](MovedContext &) {},
+            [](MovedContext &context) {
+                context.dc->FillRect(&someOfIt, &context.brush);
+                QCOMPARE(*context.buffer->frontImage(), filled(plain(20, 10, 0), someOfIt, red));
+                QVERIFY(!context.buffer->memImage());
+            });
+        const Moved fillInTheEarlier = [](MovedContext &context) {
+            const QImage before = context.widget.picture();
+            context.widget.whenPainted = [&] { context.dc->FillRect(&someOfIt, &context.brush); };
+            QCOMPARE(context.widget.picture(), before);
+            QCOMPARE(*context.buffer->memImage(), filled(plain(20, 10, 0), someOfIt, red));
+        };
+        row("in the earlier window's paint event the memory image is filled", makePair, fillInTheEarlier);
+        row("in the earlier window's paint event, whose painter() was made, the memory image is filled",
+            [](MovedContext &context) {
+                context.buffer->createImages(20, 10, 4);
+                context.buffer->painter();
+            }, fillInTheEarlier);
+        row("in the new window's paint event that window is filled", makePair, [](MovedContext &context) {
+            const QImage before = context.other.picture();
+            context.other.whenPainted = [&] { context.dc->FillRect(&someOfIt, &context.brush); };
+            QCOMPARE(context.other.picture(), filled(before, someOfIt, red));
+            QCOMPARE(*context.buffer->memImage(), plain(20, 10, 0));
+            QCOMPARE(*context.buffer->frontImage(), plain(20, 10, 0));
+        });
+    };
+    rows("setDestinationDevice",
+         [](MovedContext &context) { context.buffer->setDestinationDevice(&context.other); });
+    rows("setFrontBuffer", [](MovedContext &context) { context.buffer->setFrontBuffer(&context.link); });
+}
+
+/// The link's own image is nobody's to be filled.
+void WindowContextTest::changedDestination()
+{
+    QFETCH(Moved, change);
+    QFETCH(Moved, promise);
+    QFETCH(Moved, before);
+    MovedContext context;
+    before(context);
+    change(context);
+    QVERIFY(context.buffer->destinationDevice() == static_cast<QPaintDevice *>(&context.other));
+    promise(context);
+    QCOMPARE(*context.link.frontImage(), plain(20, 10, 0));
+}
+
+void WindowContextTest::fillWithinAnEpisode_data()
+{
+    QTest::addColumn<Promise>("promise");
+
+    QTest::newRow("painter() of a bitmap's context") << Promise([] {
+        BitmapContext context;
+        fillWithin(context.dc, *context.dc.m_hDC->painter());
+        QCOMPARE(context.bitmap.image(), filledWithin(plain(10, 8, white)));
+    });
+    QTest::newRow("painter() of a device of the host's own") << Promise([] {
+        QImage image = plain(10, 8, white);
+        CDC dc;
+        dc.m_hDC = new KxQtPaintDeviceWrapper(&image);
+        fillWithin(dc, *dc.m_hDC->painter());
+        QCOMPARE(image, filledWithin(plain(10, 8, white)));
+    });
+    QTest::newRow("the memory painter of a window's buffer") << Promise([] {
+        WindowContext context;
+        context.buffer->createImages(20, 10, 4);
+        fillWithin(*context.dc, *context.buffer->memPainter());
+        QCOMPARE(*context.buffer->memImage(), filledWithin(plain(20, 10, 0)));
+    });
+    QTest::newRow("the front painter of a window's buffer without a memory image") << Promise([] {
+        WindowContext context;
+        fillWithin(*context.dc, *context.buffer->frontPainter());
+        QCOMPARE(*context.buffer->frontImage(), filledWithin(plain(20, 10, 0)));
+    });
+    QTest::newRow("painter() of a window's buffer in the paint event") << Promise([] {
+        WindowContext context;
+        context.buffer->createImages(20, 10, 4);
+        const QImage before = context.widget.picture();
+        context.widget.whenPainted = [&] { fillWithin(*context.dc, *context.dc->m_hDC->painter()); };
+        QCOMPARE(context.widget.picture(), filledWithin(before));
+        QCOMPARE(*context.buffer->memImage(), plain(20, 10, 0));
     });
 }
 

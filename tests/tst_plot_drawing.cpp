@@ -751,7 +751,7 @@ void PlotDrawingTest::printThatFails()
     const QTemporaryDir folder;
     CPlotViewApp app;
     app.SetUnattended();
-    QVERIFY(app.InitInstance(nullptr));
+    QVERIFY(app.InitInstance());
     QVERIFY(!app.GetMainWindow()->PrintPlot(toCString(folder.filePath(name))));
     QVERIFY(QDir(folder.path()).isEmpty());
     app.ExitInstance();

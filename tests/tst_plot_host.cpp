@@ -39,7 +39,7 @@ constexpr qint64 LargeSize = 50 * Megabyte;
 class Program
 {
 public:
-    Program() { m_app.InitInstance(nullptr); }
+    Program() { m_app.InitInstance(); }
     ~Program() { m_app.ExitInstance(); }
 
     CMainWindow &window() const { return *m_app.GetMainWindow(); }
@@ -290,7 +290,7 @@ void PlotHostTest::cancelTheFirst()
 {
     CPlotViewApp app;
     ProgressWatch watch([](PlotProgressForm &d) { QTest::keyClick(&d, Qt::Key_Escape); });
-    QVERIFY(app.InitInstance(toCString(m_large)));
+    QVERIFY(app.InitInstance({toCString(m_large)}));
     QVERIFY(watch.stepAt >= 20);
     const PlotMainForm &form = *app.GetMainWindow()->GetForm();
     QCOMPARE(form.windowTitle(), QStringLiteral("Plot Viewer"));
@@ -629,7 +629,7 @@ void PlotHostTest::summaryWithoutAPlot()
     const Sandbox sandbox;
     CPlotViewApp app;
     app.SetUnattended();
-    QVERIFY(app.InitInstance(L"missing.hpgl"));
+    QVERIFY(app.InitInstance({L"missing.hpgl"}));
     QVERIFY(!app.GetMainWindow()->GetForm()->commands().at(ID_PLOT_SUMMARY)->isEnabled());
     QVERIFY(!app.GetMainWindow()->SaveSummary(L"summary.txt"));
     QCOMPARE(sandbox.entries(), QStringList());

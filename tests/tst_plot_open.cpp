@@ -93,6 +93,7 @@ private slots:
 
     void dialog();
     void oneFile();
+    void commandLine();
     void threeFiles();
     void cancel();
     void noFile();
@@ -152,6 +153,18 @@ void PlotOpenTest::oneFile()
     QCOMPARE(openPlots(program), QStringLiteral("housing.hpgl a.hpgl*"));
     QCOMPARE(program.text(IDC_STATUS_MESSAGE), sandbox.path(QStringLiteral("a.hpgl")));
     QCOMPARE(program.form().windowTitle(), QString::fromUtf8("a.hpgl – Plot Viewer"));
+}
+
+void PlotOpenTest::commandLine()
+{
+    const Sandbox sandbox;
+    QStringList paths;
+    for (const char *name : {"a.hpgl", "b.hpgl"}) {
+        paths.append(sandbox.path(QLatin1String(name)));
+        QVERIFY(write(paths.last(), SmallPlot));
+    }
+    const PlotProgram program(paths);
+    QCOMPARE(openPlots(program), QStringLiteral("a.hpgl* b.hpgl"));
 }
 
 void PlotOpenTest::threeFiles()

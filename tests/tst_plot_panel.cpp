@@ -150,7 +150,7 @@ void PlotPanelTest::treeOfNoPlot()
 {
     CPlotViewApp app;
     app.SetUnattended();
-    QVERIFY(app.InitInstance(L"missing.hpgl"));
+    QVERIFY(app.InitInstance({L"missing.hpgl"}));
     const PlotMainForm &form = *app.GetMainWindow()->GetForm();
     QCOMPARE(form.layers()->topLevelItemCount(), 0);
     QCOMPARE(static_cast<QTableWidget *>(form.controls().at(IDC_MARKS))->rowCount(), 0);

@@ -211,7 +211,7 @@ void PlotPathsTest::recentPlotsOfAnUnattendedRun()
     QVERIFY(write(sandbox.path(QStringLiteral("a.hpgl")), SmallPlot));
     CPlotViewApp app;
     app.SetUnattended();
-    QVERIFY(app.InitInstance(L"a.hpgl"));
+    QVERIFY(app.InitInstance({L"a.hpgl"}));
     app.ExitInstance();
     QCOMPARE(plotStore().allKeys(), QStringList());
 }

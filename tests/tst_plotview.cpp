@@ -43,8 +43,7 @@ class Program
 public:
     explicit Program(const QString &file = QString())
     {
-        const CString path = toCString(file);
-        m_started = m_app.InitInstance(file.isEmpty() ? nullptr : static_cast<LPCTSTR>(path));
+        m_started = file.isEmpty() ? m_app.InitInstance() : m_app.InitInstance({toCString(file)});
     }
     ~Program() { m_app.ExitInstance(); }
 

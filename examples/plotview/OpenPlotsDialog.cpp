@@ -17,7 +17,7 @@ std::vector<CString> COpenPlotsDialog::Ask(const CWnd &parent, const CString &st
 
     // The parent is a widget here, though the parameter's type says otherwise.
     auto *pParent = reinterpret_cast<CWnd *>(KxWidgetFromHwnd(parent.GetSafeHwnd()));
-    KxQtFileDialog dialog(TRUE, nullptr, nullptr, OFN_ALLOWMULTISELECT | OFN_FILEMUSTEXIST, nullptr, pParent);
+    KxQtFileDialog dialog(TRUE, nullptr, nullptr, 0, nullptr, pParent);
     OPENFILENAMEW *pRecord = dialog.GetOFN();
     pRecord->lpstrTitle = strTitle;
     pRecord->lpstrInitialDir = strInitialDir;

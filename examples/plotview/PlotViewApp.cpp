@@ -24,7 +24,7 @@ CPlotViewApp::~CPlotViewApp()
     g_pWinApp = nullptr;
 }
 
-BOOL CPlotViewApp::InitInstance(LPCTSTR lpszPathName)
+BOOL CPlotViewApp::InitInstance(const std::vector<CString> &paths)
 {
     InitResources();
     const KxStringTableResult strings = KxLoadStringTable(nullptr, QStringLiteral(":/plotview/strings.txt"));
@@ -35,10 +35,10 @@ BOOL CPlotViewApp::InitInstance(LPCTSTR lpszPathName)
     m_pMainWindow = std::make_unique<CMainWindow>();
     SetMainWnd(m_pMainWindow.get());
     m_pMainWindow->ShowWindow(SW_SHOW);
-    if (lpszPathName)
-        m_pMainWindow->OpenPlot(lpszPathName);
-    else
+    if (paths.empty())
         m_pMainWindow->OnSample(ID_SAMPLE_FIRST);
+    else
+        m_pMainWindow->OpenPlots(paths);
     return TRUE;
 }
 

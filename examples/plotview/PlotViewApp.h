@@ -4,6 +4,7 @@
 #include "stdafx.h"
 
 #include <memory>
+#include <vector>
 
 class CMainWindow;
 
@@ -14,9 +15,9 @@ public:
     CPlotViewApp();
     ~CPlotViewApp();
 
-    /// Shows the main window and opens a plot: the file that is named or, for a null name, the first of those
+    /// Shows the main window and opens plots: the files that are named or, without any, the first of those
     /// that come with the program. Needs the QApplication.
-    BOOL InitInstance(LPCTSTR lpszPathName);
+    BOOL InitInstance(const std::vector<CString> &paths = {});
     int ExitInstance();
 
     /// Tells the user in a message box, or standard error when nobody is there to press its button.

@@ -11,6 +11,7 @@ public:
     /// \param nCaption, nFilter string resources; the filter is one of pairs, as for CFileDialog
     /// \param lpszExtension three letters
     /// \param strProposed the path that is chosen at first
+    /// \param pParentWnd the window that the dialog belongs to, bound to a widget
     CSaveDialog(UINT nCaption, UINT nFilter, LPCTSTR lpszExtension, const CString &strProposed,
                 CWnd *pParentWnd);
 

@@ -18,6 +18,7 @@
 
 #include <cstdio>
 #include <functional>
+#include <vector>
 
 namespace {
 
@@ -103,8 +104,8 @@ int main(int argc, char **argv)
                                       QStringLiteral("Prints the plot to a PDF file and ends."),
                                       QStringLiteral("PDF file"));
     parser.addOptions({render, renderProperties, renderOptions, renderReading, summary, printing});
-    parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("The plot to open."),
-                                 QStringLiteral("[file]"));
+    parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("The plots to open."),
+                                 QStringLiteral("[file...]"));
     parser.process(qtApplication);
 
     const bool endsAtOnce = parser.isSet(render) || parser.isSet(renderProperties)
@@ -112,9 +113,10 @@ int main(int argc, char **argv)
                             || parser.isSet(summary) || parser.isSet(printing);
     if (endsAtOnce)
         application.SetUnattended();
-    const QStringList files = parser.positionalArguments();
-    const CString path = files.isEmpty() ? CString() : toCString(files.first());
-    if (!application.InitInstance(files.isEmpty() ? nullptr : static_cast<LPCTSTR>(path)))
+    std::vector<CString> paths;
+    for (const QString &file : parser.positionalArguments())
+        paths.push_back(toCString(file));
+    if (!application.InitInstance(paths))
         return 1;
     CMainWindow *window = application.GetMainWindow();
     int result = 0;

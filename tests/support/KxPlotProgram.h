@@ -15,15 +15,21 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QTableWidget>
 
-/// The running program, with its main window open and a plot in it: the named one, or a sample.
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
+/// The running program, with its main window open and plots in it: the named ones, or a sample.
 class PlotProgram
 {
 public:
-    explicit PlotProgram(const QString &file = QString())
+    explicit PlotProgram(const QStringList &files = QStringList())
     {
-        const CString path = toCString(file);
-        m_app.InitInstance(file.isEmpty() ? nullptr : static_cast<LPCTSTR>(path));
+        std::vector<CString> paths;
+        std::transform(files.begin(), files.end(), std::back_inserter(paths), toCString);
+        m_app.InitInstance(paths);
     }
+    explicit PlotProgram(const QString &file) : PlotProgram(QStringList(file)) {}
     ~PlotProgram() { m_app.ExitInstance(); }
 
     CMainWindow &window() const { return *m_app.GetMainWindow(); }

@@ -42,8 +42,8 @@ public:
 ///
 /// - `lpstrTitle`: the title;
 /// - `lpstrInitialDir`: the directory, with `/` or `\`; when the part behind the last of them has a dot, it is a
-///   file's name and is dropped: end a directory whose name has a dot with a slash. Empty is the root of the file
-///   system: give one;
+///   file's name and is dropped: end a directory whose name has a dot with a slash. A name without a slash stays.
+///   Empty is the root of the file system: give one;
 /// - `lpstrFilter`: filters as Qt writes them, `Drawing (*.dwg);;All (*.*)`, not Win32's pairs with zeros between
 ///   them. A dialog to open shows the part in the first parentheses only, `*.dwg`;
 /// - `lpstrFile`: the name that is selected at first; in a dialog to save, Qt gives it the extension of the active

@@ -112,7 +112,7 @@ struct Block
         return (31 - static_cast<std::size_t>(__builtin_clz(bits))) / sizeof(Word);
     }
 
-    /// By how many words an address lies behind the last one that blocks of the processor's begin at.
+    /// How many words an address lies behind the last multiple of a block's length.
     static std::size_t offsetOf(const unsigned char *bytes)
     {
         return reinterpret_cast<std::uintptr_t>(bytes) % BlockBytes / sizeof(Word);

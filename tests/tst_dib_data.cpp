@@ -2,6 +2,7 @@
 // CDibData: what makeBitmap makes, its handles, colours and pixels, drawing into it.
 #include "KxClassLayout.h"
 #include "KxDibModel.h"
+#include "KxMemoryLimit.h"
 #include "KxTestCase.h"
 
 #include <QtGui/QIcon>
@@ -16,8 +17,6 @@
 
 #include <climits>
 #include <type_traits>
-
-#include <sys/resource.h>
 
 using Promise = void (*)();
 Q_DECLARE_METATYPE(Promise)
@@ -64,29 +63,6 @@ void expectEmpty(const CDibData &dib)
     QCOMPARE(dib.ScanLeft(0, 0, 0, 0), -1);
     QCOMPARE(dib.ScanRight(0, 0, 0, 0), 1);
 }
-
-/// While it lives, the program gets 1 GiB and no more: a size that is too large shall not use up the machine.
-class MemoryLimit
-{
-public:
-#if defined(__SANITIZE_ADDRESS__)
-    MemoryLimit() {}
-#else
-    MemoryLimit()
-    {
-        getrlimit(RLIMIT_AS, &m_before);
-        rlimit limit = m_before;
-        limit.rlim_cur = std::min<rlim_t>(m_before.rlim_cur, 1 << 30);
-        setrlimit(RLIMIT_AS, &limit);
-    }
-    ~MemoryLimit() { setrlimit(RLIMIT_AS, &m_before); }
-    MemoryLimit(const MemoryLimit &) = delete;
-    MemoryLimit &operator=(const MemoryLimit &) = delete;
-
-private:
-    rlimit m_before = {};
-#endif
-};
 
 /// The picture of a button's icon, in its own size.
 QImage iconPicture(const QAbstractButton &button)
@@ -403,14 +379,14 @@ void DibDataTest::oddSizes_data()
     QTest::newRow("both negative") << -4 << -3;
     QTest::newRow("the most negative sides") << INT_MIN << INT_MIN;
     QTest::newRow("one pixel wide, the most negative height") << 1 << INT_MIN;
-#if !defined(__SANITIZE_ADDRESS__) // It needs more addresses than MemoryLimit leaves.
+#if !defined(__SANITIZE_ADDRESS__) // It needs more addresses than KxMemoryLimit leaves.
     QTest::newRow("the largest sides") << INT_MAX << INT_MAX;
     QTest::newRow("sides of 2^30 pixels") << (1 << 30) << (1 << 30);
     QTest::newRow("the most rows, no columns") << 0 << INT_MAX;
 #endif
     QTest::newRow("the largest width, one row") << INT_MAX << 1;
     QTest::newRow("rows of 2 GiB: one byte more than an image's may have") << (1 << 29) << 1;
-#if !defined(__SANITIZE_ADDRESS__) // MemoryLimit does not limit there.
+#if !defined(__SANITIZE_ADDRESS__) // KxMemoryLimit does not limit there.
     QTest::newRow("4 GiB, where 1 GiB can be had") << 32768 << 32768;
 #endif
 }
@@ -422,7 +398,7 @@ void DibDataTest::oddSizes()
     QFETCH(const int, width);
     QFETCH(const int, height);
     {
-        const MemoryLimit limit;
+        const KxMemoryLimit limit;
         KxMadeDib dib(width, height);
         expectEmpty(dib);
         expectWarning(QStringLiteral("^QImage::setPixel: coordinate \\(0,0\\) out of range$"));

@@ -3,6 +3,7 @@
 
 #include "KxClassLayout.h"
 #include "KxDoubleBufferStage.h"
+#include "KxMemoryLimit.h"
 #include "KxTestCase.h"
 
 #include <QtCore/QPointer>
@@ -15,8 +16,6 @@
 #include <climits>
 #include <memory>
 #include <type_traits>
-
-#include <sys/resource.h>
 
 using Promise = void (*)();
 Q_DECLARE_METATYPE(Promise)
@@ -47,29 +46,6 @@ void verifyFreshPair(const Buffer &buffer, int width, int height)
     QVERIFY(buffer.frontPainter()->wrappedDevice() == buffer.frontImage());
     QCOMPARE(buffer.m_imagesCreated, 1);
 }
-
-/// While it lives, the program gets 1 GiB and no more: a size that is too large shall not use up the machine.
-class MemoryLimit
-{
-public:
-#if defined(__SANITIZE_ADDRESS__)
-    MemoryLimit() {}
-#else
-    MemoryLimit()
-    {
-        getrlimit(RLIMIT_AS, &m_before);
-        rlimit limit = m_before;
-        limit.rlim_cur = std::min<rlim_t>(m_before.rlim_cur, 1 << 30);
-        setrlimit(RLIMIT_AS, &limit);
-    }
-    ~MemoryLimit() { setrlimit(RLIMIT_AS, &m_before); }
-    MemoryLimit(const MemoryLimit &) = delete;
-    MemoryLimit &operator=(const MemoryLimit &) = delete;
-
-private:
-    rlimit m_before = {};
-#endif
-};
 
 } // namespace
 
@@ -301,7 +277,7 @@ void DoubleBufferTest::nullPair()
     Canvas window(20, 10);
     Buffer buffer(&window);
     {
-        const MemoryLimit limit;
+        const KxMemoryLimit limit;
         buffer.createImages(width, height, 4);
     }
     QCOMPARE(buffer.m_imagesCreated, 1);
@@ -310,7 +286,7 @@ void DoubleBufferTest::nullPair()
     buffer.destroyImages();
     verifyNoImages(buffer);
     {
-        const MemoryLimit limit;
+        const KxMemoryLimit limit;
         buffer.createImages(width, height, 4);
     }
     buffer.createImages(5, 4, 4);

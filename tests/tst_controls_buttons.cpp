@@ -2,6 +2,7 @@
 // CButton and CBitmapButton over buttons, CStatic over a label.
 
 #include "KxClassLayout.h"
+#include "KxResultNumber.h"
 #include "KxTestCase.h"
 
 #include <QtGui/QIcon>
@@ -139,15 +140,6 @@ public:
     UINT idSeen = 0;
     CCreateContext *contextSeen = reinterpret_cast<CCreateContext *>(static_cast<quintptr>(1));
 };
-
-template<class Result>
-qint64 number(Result result)
-{
-    if constexpr (std::is_pointer_v<Result>)
-        return reinterpret_cast<qintptr>(result);
-    else
-        return static_cast<qint64>(result);
-}
 
 HBITMAP s_bitmap = nullptr; // what the calls below are given
 

@@ -2,6 +2,7 @@
 // CComboBox over a QComboBox: its rows, their data, its signals, and where there is no combo box.
 
 #include "KxClassLayout.h"
+#include "KxResultNumber.h"
 #include "KxTestCase.h"
 
 #include <QtTest/QSignalSpy>
@@ -26,15 +27,6 @@ Q_DECLARE_METATYPE(Promise)
 Q_DECLARE_METATYPE(ComboCall)
 
 namespace {
-
-template<class Result>
-qint64 number(Result result)
-{
-    if constexpr (std::is_pointer_v<Result>)
-        return reinterpret_cast<qintptr>(result);
-    else
-        return static_cast<qint64>(result);
-}
 
 QString qt(const CString &string)
 {

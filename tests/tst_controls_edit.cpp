@@ -2,6 +2,7 @@
 // CEdit over line edits, text edits and spin boxes, and where there is none of them.
 
 #include "KxClassLayout.h"
+#include "KxResultNumber.h"
 #include "KxTestCase.h"
 
 #include <QtTest/QSignalSpy>
@@ -28,15 +29,6 @@ Q_DECLARE_METATYPE(Promise)
 Q_DECLARE_METATYPE(EditCall)
 
 namespace {
-
-template<class Result>
-qint64 number(Result result)
-{
-    if constexpr (std::is_pointer_v<Result>)
-        return reinterpret_cast<qintptr>(result);
-    else
-        return static_cast<qint64>(result);
-}
 
 QString qt(const CString &string)
 {

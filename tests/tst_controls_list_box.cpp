@@ -2,6 +2,7 @@
 // CListBox over a QListWidget: its rows, their data, its selection, and where there is no list.
 
 #include "KxClassLayout.h"
+#include "KxResultNumber.h"
 #include "KxTestCase.h"
 
 #include <QtTest/QSignalSpy>
@@ -25,15 +26,6 @@ Q_DECLARE_METATYPE(Promise)
 Q_DECLARE_METATYPE(ListCall)
 
 namespace {
-
-template<class Result>
-qint64 number(Result result)
-{
-    if constexpr (std::is_pointer_v<Result>)
-        return reinterpret_cast<qintptr>(result);
-    else
-        return static_cast<qint64>(result);
-}
 
 QString qt(const CString &string)
 {

@@ -2,6 +2,7 @@
 // CSliderCtrl and CScrollBar over sliders; CSpinButtonCtrl, CToolTipCtrl, CControlBar and CRichEditCtrl.
 
 #include "KxClassLayout.h"
+#include "KxResultNumber.h"
 #include "KxTestCase.h"
 
 #include <QtTest/QSignalSpy>
@@ -16,7 +17,6 @@
 
 #include <cstdint>
 #include <cstring>
-#include <type_traits>
 #include <typeinfo>
 
 /// A caller that goes through a pointer to no object, on purpose.
@@ -63,15 +63,6 @@ QString stateOf(const QAbstractSlider &slider)
 }
 
 const QString slidingState = QStringLiteral("-100 100 20 20 15 3");
-
-template<class Result>
-qint64 number(Result result)
-{
-    if constexpr (std::is_pointer_v<Result>)
-        return reinterpret_cast<qintptr>(result);
-    else
-        return static_cast<qint64>(result);
-}
 
 bool isUntouched(const tagRECT &rect)
 {

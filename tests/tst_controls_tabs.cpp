@@ -2,6 +2,7 @@
 // CTabCtrl over a QTabWidget.
 
 #include "KxClassLayout.h"
+#include "KxResultNumber.h"
 #include "KxTestCase.h"
 
 #include <QtCore/QPointer>
@@ -84,12 +85,6 @@ public:
 private:
     QWidget *const m_widget;
 };
-
-template<class Result>
-qint64 number(Result result)
-{
-    return static_cast<qint64>(result);
-}
 
 #define KX_CALL(expression) \
     [](CTabCtrl *tabs, CWnd *page) KX_CALLS_THROUGH_SMALL_POINTER -> qint64 { \

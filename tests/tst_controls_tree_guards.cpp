@@ -3,6 +3,7 @@
 // nothing.
 
 #include "KxClassLayout.h"
+#include "KxResultNumber.h"
 #include "KxTestCase.h"
 
 #include <QtWidgets/QLineEdit>
@@ -95,15 +96,6 @@ const QString wholeTree = QStringLiteral("one(first second third) two three");
 QString text(const CString &string)
 {
     return QString::fromWCharArray(string, string.GetLength());
-}
-
-template<class Result>
-qint64 number(Result result)
-{
-    if constexpr (std::is_pointer_v<Result>)
-        return reinterpret_cast<qintptr>(result);
-    else
-        return static_cast<qint64>(result);
 }
 
 qint64 number(const CString &string)

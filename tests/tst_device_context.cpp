@@ -3,6 +3,7 @@
 
 #include "KxClassLayout.h"
 #include "KxContextStage.h"
+#include "KxResultNumber.h"
 #include "KxTestCase.h"
 
 #include <afxwin.h>
@@ -17,15 +18,6 @@ Q_DECLARE_METATYPE(Call)
 Q_DECLARE_METATYPE(tagRECT)
 
 namespace {
-
-template<class Result>
-qint64 number(Result result)
-{
-    if constexpr (std::is_pointer_v<Result>)
-        return reinterpret_cast<qintptr>(result);
-    else
-        return static_cast<qint64>(result);
-}
 
 /// A host's service, in place while it lives: writes down what it is asked and answers what it is told to.
 class WatchedImages : public KxImageService

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Calls of CWnd's members through null and small object pointers: the pointer's value in the result type.
 
+#include "KxResultNumber.h"
 #include "KxTestCase.h"
 
 #include <QtCore/QTimer>
 
 #include <afxwin.h>
 
-#include <type_traits>
 
 /// A caller that goes through a pointer to no object, on purpose.
 #define KX_CALLS_THROUGH_SMALL_POINTER __attribute__((no_sanitize("undefined")))
@@ -16,15 +16,6 @@ using PointerCall = qint64 (*)(CWnd *);
 Q_DECLARE_METATYPE(PointerCall)
 
 namespace {
-
-template<class Result>
-qint64 number(Result result)
-{
-    if constexpr (std::is_pointer_v<Result>)
-        return reinterpret_cast<qintptr>(result);
-    else
-        return static_cast<qint64>(result);
-}
 
 bool same(const CRect &a, const CRect &b)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "KxWinTypes.h"
 
+#include "KxNumberRows.h"
 #include "KxTestCase.h"
 
 #include <QtWidgets/QtWidgets>
@@ -13,32 +14,6 @@ using std::is_same_v;
 using std::wstring;
 
 namespace {
-
-/// The value of a constant or of a handle that is one.
-template<class Type>
-qlonglong numberOf(Type value)
-{
-    if constexpr (std::is_pointer_v<Type>)
-        return static_cast<qlonglong>(reinterpret_cast<INT_PTR>(value));
-    else
-        return static_cast<qlonglong>(value);
-}
-
-void numberColumns()
-{
-    QTest::addColumn<qlonglong>("actual");
-    QTest::addColumn<qlonglong>("expected");
-}
-
-template<class Type>
-void numberRow(const char *name, Type actual, qlonglong expected)
-{
-    QTest::newRow(name) << numberOf(actual) << expected;
-}
-
-#define SIZE_ROW(type, bytes) numberRow("sizeof " #type, sizeof(type), bytes)
-#define OFFSET_ROW(type, field, bytes) numberRow(#type "::" #field, offsetof(type, field), bytes)
-#define CONSTANT_ROW(name, value) numberRow(#name, name, value)
 
 /// What a handler of several notifications does with the code it is given.
 int handlerOf(const NMHDR &header)
@@ -99,17 +74,7 @@ private slots:
     void codesAreCaseLabels();
     void stateImages();
     void comparisons();
-
-private:
-    static void compareNumbers();
 };
-
-void tst_WinCommonControls::compareNumbers()
-{
-    QFETCH(qlonglong, actual);
-    QFETCH(qlonglong, expected);
-    QCOMPARE(actual, expected);
-}
 
 // ---- records --------------------------------------------------------------------------------------------
 

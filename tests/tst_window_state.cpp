@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Geometry, enabling, showing, focus and painting of windows; members with a fixed result.
 
+#include "KxResultNumber.h"
 #include "KxTestCase.h"
 
 #include <QtCore/QTimer>
@@ -10,7 +11,6 @@
 
 #include <afxwin.h>
 
-#include <type_traits>
 
 using Promise = void (*)();
 using Call = qint64 (*)(CWnd &);
@@ -22,15 +22,6 @@ namespace {
 HWND handleOf(QWidget *widget)
 {
     return KxHwndFromWidget(widget);
-}
-
-template<class Result>
-qint64 number(Result result)
-{
-    if constexpr (std::is_pointer_v<Result>)
-        return reinterpret_cast<qintptr>(result);
-    else
-        return static_cast<qint64>(result);
 }
 
 /// Counts what is asked of it.

@@ -93,21 +93,6 @@ struct Answering : CFileDialog
     INT_PTR DoModal() override { return 42; }
 };
 
-/// Counts the times that a window was told that a modal dialog blocks it.
-class BlockCount : public QObject
-{
-public:
-    explicit BlockCount(QWidget &window) { window.installEventFilter(this); }
-    int count = 0;
-
-protected:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        count += event->type() == QEvent::WindowBlocked;
-        return false;
-    }
-};
-
 } // namespace
 
 class tst_FileDialog : public KxTestCase
@@ -313,17 +298,17 @@ void tst_FileDialog::nameFilters_data()
     row("a description without a bar", "A (*.a)", {QStringLiteral("A (*.a)")});
     row("a last description without its pattern", "A (*.a)|*.a|B (*.b)",
         {QStringLiteral("A (*.a)"), QStringLiteral("B (*.b)")});
-    row("the part 1 is dropped, whatever it says", "A (*.a)|B (*.b)|C (*.c)|D (*.d)",
+    row("the second piece is dropped, whatever it says", "A (*.a)|B (*.b)|C (*.c)|D (*.d)",
         {QStringLiteral("A (*.a)"), QStringLiteral("C (*.c)")});
-    row("an empty part 0 is skipped, and counted", "|*.a|B (*.b)|*.b", {QStringLiteral("B (*.b)")});
-    row("an empty part 1 is counted", "A (*.a)||B (*.b)||C (*.c)||",
+    row("an empty first piece is skipped, and counted", "|*.a|B (*.b)|*.b", {QStringLiteral("B (*.b)")});
+    row("an empty second piece is counted", "A (*.a)||B (*.b)||C (*.c)||",
         {QStringLiteral("A (*.a)"), QStringLiteral("B (*.b)"), QStringLiteral("C (*.c)")});
-    row("an empty part 2 is skipped, and counted", "A (*.a)|*.a||*.b|C (*.c)|*.c",
+    row("an empty third piece is skipped, and counted", "A (*.a)|*.a||*.b|C (*.c)|*.c",
         {QStringLiteral("A (*.a)"), QStringLiteral("C (*.c)")});
     row("a bar before everything moves the descriptions to odd places", "|A (*.a)|*.a",
         {QStringLiteral("*.a")});
     row("a blank is not empty", " |x", {QString()});
-    row("a part with two semicolons is one filter", "A (*.a);;B (*.b)|*.a",
+    row("a piece with two semicolons is one filter", "A (*.a);;B (*.b)|*.a",
         {QStringLiteral("A (*.a);;B (*.b)")});
     row("several patterns", "Plots (*.plt *.hpgl)|*.plt;*.hpgl||", {QStringLiteral("Plots (*.plt *.hpgl)")});
     row("the same twice stays twice", "A (*.a)|*.a|A (*.a)|*.a||",
@@ -331,7 +316,7 @@ void tst_FileDialog::nameFilters_data()
     row("no parentheses", "Drawings|*.dwg||", {QStringLiteral("Drawings")});
     row("letters outside ASCII", u8"Pl\u00E4ne \U0001F600 (*.dwg)|*.dwg||",
         {QString::fromUtf8(u8"Pl\u00E4ne \U0001F600 (*.dwg)")});
-    row("only an odd part", "|*.a", {});
+    row("only a second piece", "|*.a", {});
     row("one bar", "|", {});
     row("only bars", "||||", {});
     row("empty", "", {});

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Points, lines, polygons, paths, translucent areas, filled rectangles.
 
+#include "support/KxPaintListener.h"
 #include "support/KxPainterStage.h"
 #include "support/KxTestCase.h"
-
-#include <QtGui/QPaintEngine>
 
 #include <vector>
 
@@ -75,29 +74,14 @@ QBrush translucent(QColor colour, int alpha)
 }
 
 /// A device that draws nothing and keeps the last polygon or polyline.
-class PolygonListener : public QPaintDevice, private QPaintEngine
+class PolygonListener : public KxPaintListener
 {
 public:
-    PolygonListener() : QPaintEngine(QPaintEngine::AllFeatures) {}
-
-    QPaintEngine *paintEngine() const override { return const_cast<PolygonListener *>(this); }
-
     Points points;
     int kind = -1;
     Qt::BrushStyle brush = Qt::NoBrush;
 
 protected:
-    int metric(PaintDeviceMetric which) const override
-    {
-        return which == PdmWidth || which == PdmHeight ? 100 : which == PdmDepth ? 32 : 1;
-    }
-
-private:
-    bool begin(QPaintDevice *) override { return true; }
-    bool end() override { return true; }
-    void updateState(const QPaintEngineState &) override {}
-    Type type() const override { return User; }
-    void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override { QFAIL("not a polygon"); }
     using QPaintEngine::drawPolygon;
     void drawPolygon(const QPoint *corners, int n, PolygonDrawMode mode) override
     {

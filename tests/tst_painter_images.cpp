@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Pixels of the caller's memory, drawn where their size says; and images that a guard puts back.
 
+#include "support/KxPaintListener.h"
 #include "support/KxPainterStage.h"
 #include "support/KxTestCase.h"
 
-#include <QtGui/QPaintEngine>
 #include <QtGui/QPixmap>
 #include <QtWidgets/QWidget>
 
@@ -28,13 +28,9 @@ std::vector<unsigned char> someBytes(int count)
 }
 
 /// A device that draws nothing and keeps what it is told about the last image.
-class ImageListener : public QPaintDevice, private QPaintEngine
+class ImageListener : public KxPaintListener
 {
 public:
-    ImageListener() : QPaintEngine(QPaintEngine::AllFeatures) {}
-
-    QPaintEngine *paintEngine() const override { return const_cast<ImageListener *>(this); }
-
     int images = 0;
     QRectF target;
     QRectF part;
@@ -44,17 +40,6 @@ public:
     const unsigned char *bits = nullptr;
 
 protected:
-    int metric(PaintDeviceMetric which) const override
-    {
-        return which == PdmWidth || which == PdmHeight ? 100 : which == PdmDepth ? 32 : 1;
-    }
-
-private:
-    bool begin(QPaintDevice *) override { return true; }
-    bool end() override { return true; }
-    void updateState(const QPaintEngineState &) override {}
-    Type type() const override { return User; }
-    void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override { QFAIL("not an image"); }
     void drawImage(const QRectF &rect, const QImage &image, const QRectF &source,
         Qt::ImageConversionFlags) override
     {

@@ -138,6 +138,21 @@ inline FileDialogStep chooseSeveral(const QStringList &names, const QStringList 
     };
 }
 
+/// Counts the times that a window was told that a modal dialog blocks it.
+class BlockCount : public QObject
+{
+public:
+    explicit BlockCount(QWidget &window) { window.installEventFilter(this); }
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::WindowBlocked;
+        return false;
+    }
+};
+
 /// Answers message boxes while it lives, and counts them.
 class MessageBoxAnswer
 {

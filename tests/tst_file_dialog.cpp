@@ -15,9 +15,7 @@
 #include <memory>
 #include <type_traits>
 
-using Promise = void (*)();
 using MakeDialog = std::function<CFileDialog *()>;
-Q_DECLARE_METATYPE(Promise)
 Q_DECLARE_METATYPE(MakeDialog)
 Q_DECLARE_METATYPE(QFileDialog::AcceptMode)
 
@@ -131,14 +129,6 @@ private slots:
     void pathName() { runPromise(); }
     void lifetime_data();
     void lifetime() { runPromise(); }
-
-private:
-    static void runPromise()
-    {
-        QFETCH(Promise, promise);
-        promise();
-        QCOMPARE(allFileDialogs().size(), 0);
-    }
 };
 
 /// The rows work on Qt's own widgets, which a desktop's dialog would take the place of.

@@ -13,9 +13,7 @@
 #include <memory>
 #include <type_traits>
 
-using Promise = void (*)();
 using MakeDialog = std::function<OpenedFields *()>;
-Q_DECLARE_METATYPE(Promise)
 Q_DECLARE_METATYPE(MakeDialog)
 
 namespace {
@@ -50,14 +48,6 @@ private slots:
     void ignoredArguments();
     void emptiedRecord_data();
     void emptiedRecord() { runPromise(); }
-
-private:
-    static void runPromise()
-    {
-        QFETCH(Promise, promise);
-        promise();
-        QCOMPARE(allFileDialogs().size(), 0);
-    }
 };
 
 void tst_QtFileDialog::layout_data()

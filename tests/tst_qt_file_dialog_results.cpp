@@ -16,9 +16,7 @@
 #include <limits>
 #include <memory>
 
-using Promise = void (*)();
 using FillRecord = std::function<void(OPENFILENAMEW &)>;
-Q_DECLARE_METATYPE(Promise)
 Q_DECLARE_METATYPE(FillRecord)
 
 namespace {
@@ -144,14 +142,6 @@ private slots:
     void run() { runPromise(); }
     void lifetime_data();
     void lifetime() { runPromise(); }
-
-private:
-    static void runPromise()
-    {
-        QFETCH(Promise, promise);
-        promise();
-        QCOMPARE(allFileDialogs().size(), 0);
-    }
 };
 
 void tst_QtFileDialogResults::completion_data()

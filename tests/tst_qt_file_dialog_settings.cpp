@@ -15,9 +15,6 @@
 
 #include <memory>
 
-using Promise = void (*)();
-Q_DECLARE_METATYPE(Promise)
-
 namespace {
 
 /// A dialog with all that a run needs at least; all other texts are empty.
@@ -84,14 +81,6 @@ private slots:
     void shownName();
     void settings_data();
     void settings() { runPromise(); }
-
-private:
-    static void runPromise()
-    {
-        QFETCH(Promise, promise);
-        promise();
-        QCOMPARE(allFileDialogs().size(), 0);
-    }
 };
 
 void tst_QtFileDialogSettings::filters_data()

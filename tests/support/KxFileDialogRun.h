@@ -31,6 +31,17 @@ inline QList<QFileDialog *> allFileDialogs()
     return found;
 }
 
+/// A row of what holds; it leaves no dialog behind.
+using Promise = void (*)();
+Q_DECLARE_METATYPE(Promise)
+
+inline void runPromise()
+{
+    QFETCH(Promise, promise);
+    promise();
+    QCOMPARE(allFileDialogs().size(), 0);
+}
+
 /// Runs `run`; does the step with the file dialog that is modal then.
 template<class Run>
 auto runFileDialog(const Run &run, const FileDialogStep &step)
